@@ -1,6 +1,7 @@
 #pragma once
 
 #include <cstddef>
+#include <ctime>
 
 // The box's log module. Every line goes to standard output with its source
 // file, function and line; with the save flag set (log_init) lines are also
@@ -31,6 +32,14 @@ const char* log_get_filename(int process);
 const char* log_get_dirpath();
 const char* log_get_filepath(int process);
 const char* log_get_webdownload_path(int process);
+
+// Hooks for tests and off-device runs; left alone they change nothing.
+// Moves the log folder (nullptr or "" goes back to the device's folder).
+void log_set_dirpath(const char* dir);
+// Replaces the wall clock used for line times and the date header (nullptr
+// goes back to time()).
+typedef time_t (*log_clock_fn)();
+void log_set_clock(log_clock_fn clock);
 
 int ruglog_init_path(const char* path);
 int ruglog_init();

@@ -49,10 +49,10 @@ extern const std::string TOPIC_UPGRADE_PROGRESS_INFO;
 //   PANEL_BACKEND_IPC_DIR     folder holding webserver.sock and mediaserver.sock
 //   PANEL_BACKEND_TOPIC_PORT  the proxy's subscriber port; its publisher port is the next one
 struct BackendEndpoints {
-    std::string webserver;    // request endpoint of the web server daemon
-    std::string mediaserver;  // request endpoint of the media server daemon
-    std::string topics_sub;   // where subscribers connect (the proxy's XPUB)
-    std::string topics_pub;   // where publishers connect (the proxy's XSUB)
+    std::string webserver;   // request endpoint of the web server daemon
+    std::string mediaserver; // request endpoint of the media server daemon
+    std::string topics_sub;  // where subscribers connect (the proxy's XPUB)
+    std::string topics_pub;  // where publishers connect (the proxy's XSUB)
 
     static BackendEndpoints defaults();
     static BackendEndpoints fromEnvironment();

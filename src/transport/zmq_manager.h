@@ -3,6 +3,7 @@
 #include <zmq.hpp>
 
 #include <atomic>
+#include <chrono>
 #include <condition_variable>
 #include <memory>
 #include <mutex>
@@ -42,6 +43,8 @@ public:
     int send_zmq_router_dealer_client_msg(const std::string& request, std::string& response,
                                           int timeout_ms);
     void reconnect_zmq_router_dealer_client();
+    // Ends the client role for good. Waits up to 1 s for requests in flight;
+    // any still hanging then are ended by shutting the context down.
     void close_all_rd_clients();
 
     // Server role: ROUTER on `frontend_path`, DEALER on `backend_path`, and
@@ -49,8 +52,12 @@ public:
     void init_zmq_router_dealer_server(std::string frontend_path, std::string backend_path,
                                        int io_threads, int workers, ServerCallback callback,
                                        void* user);
+    // Runs the proxy on the calling thread until the context is shut down
+    // (context().shutdown() or exit_zmq_socket()); then it returns.
     void run_zmq_router_dealer_server();
 
+    // Tears every role down. With a server role the context is shut down
+    // first, since the workers and the proxy end only on a terminated context.
     void exit_zmq_socket();
 
     // Read-only views for owners and tests.
@@ -69,6 +76,18 @@ private:
     };
 
     zmq::socket_t* create_rd_client_locked();
+    // Waits until no request is in flight; false when `limit` passed first.
+    bool wait_for_rd_requests(std::chrono::milliseconds limit);
+    void set_io_threads(int io_threads);
+    void shut_down_server_role();
+
+    // Lets exit_zmq_socket wait until a proxy running on another thread has
+    // left the server sockets alone before it closes them.
+    struct ProxyRunningScope {
+        explicit ProxyRunningScope(ZMQManager& owner);
+        ~ProxyRunningScope();
+        ZMQManager& owner;
+    };
 
     std::string name;
     zmq::context_t zmq_ctx;
@@ -87,6 +106,9 @@ private:
     std::atomic<int> rd_inprogress{0};
     std::mutex rd_inprogress_mtx;
     std::condition_variable rd_inprogress_cv;
+    bool proxy_running = false;
+    std::mutex proxy_mtx;
+    std::condition_variable proxy_cv;
 };
 
 // Body of each server thread: a REP socket on the shared context, answering
