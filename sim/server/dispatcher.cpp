@@ -1,0 +1,112 @@
+#include "server/dispatcher.h"
+
+#include "handlers/replies.h"
+
+#include <iostream>
+#include <mutex>
+
+namespace sim {
+
+namespace {
+
+std::mutex log_mutex;
+
+bool succeeded(const json& reply)
+{
+    const std::string status = reply::statusOf(reply);
+    return status == code::kSuccess || status == code::kRebooting || status == "success";
+}
+
+std::string describeArguments(const json& request)
+{
+    if (!request.is_object())
+        return "";
+    json arguments = request;
+    for (const char* key : {"func_module", "group", "opt", "path"})
+        arguments.erase(key);
+    if (arguments.size() == 1 && arguments.contains("data"))
+        arguments = arguments["data"];
+    std::string text = arguments.empty() ? "" : arguments.dump();
+    constexpr std::size_t kMaxLength = 160;
+    if (text.size() > kMaxLength)
+        text = text.substr(0, kMaxLength) + "...";
+    return text;
+}
+
+} // namespace
+
+Dispatcher::Dispatcher(std::string daemon, HandlerTable table, Context context)
+    : daemon_(std::move(daemon)), table_(std::move(table)), context_(std::move(context))
+{
+}
+
+std::string Dispatcher::handle(const std::string& request_text)
+{
+    const json request = json::parse(request_text, nullptr, false);
+    if (request.is_discarded() || !request.is_object()) {
+        const json reply = reply::refuse(code::kUnknownOperation, "request is no JSON object");
+        log(json(request_text), reply::statusOf(reply), "");
+        return reply.dump();
+    }
+
+    const std::optional<ReplyFault> fault =
+        context_.faults.replyFaultFor(HandlerTable::operationName(request));
+    if (fault && fault->kind == ReplyFault::Hang) {
+        log(request, "(held)", "never answered, held " + std::to_string(fault->ms) + " ms");
+        context_.stop.sleepFor(std::chrono::milliseconds(fault->ms));
+        return reply::refuse(code::kUnknownOperation, "held too long").dump();
+    }
+    if (fault && fault->kind == ReplyFault::Empty) {
+        log(request, "(empty)", "injected");
+        return "";
+    }
+    if (fault && fault->kind == ReplyFault::Status) {
+        const json reply = reply::refuse(fault->code, "injected status");
+        log(request, fault->code, "injected");
+        return reply.dump();
+    }
+
+    bool wrote = false;
+    const json reply = answer(request, wrote);
+    if (wrote && context_.on_write)
+        context_.on_write();
+    std::string note;
+    if (fault && fault->kind == ReplyFault::Delay) {
+        note = "delayed " + std::to_string(fault->ms) + " ms";
+        context_.stop.sleepFor(std::chrono::milliseconds(fault->ms));
+    }
+    log(request, reply::statusOf(reply), note);
+    return reply.dump();
+}
+
+json Dispatcher::answer(const json& request, bool& wrote)
+{
+    const Operation* operation = table_.find(request);
+    if (!operation)
+        return reply::refuse(code::kUnknownOperation,
+                             "unknown operation: " + HandlerTable::operationName(request));
+    try {
+        return context_.state.with([&](json& state) {
+            Request call{request, state};
+            json reply = operation->handler(call);
+            wrote = operation->kind == OpKind::Write && succeeded(reply);
+            return reply;
+        });
+    } catch (const json::exception& e) {
+        return reply::refuse(code::kUnknownOperation, std::string("bad request: ") + e.what());
+    }
+}
+
+void Dispatcher::log(const json& request, const std::string& status, const std::string& note) const
+{
+    if (context_.quiet)
+        return;
+    const std::string name =
+        request.is_object() ? HandlerTable::operationName(request) : request.dump();
+    std::lock_guard<std::mutex> lock(log_mutex);
+    const std::string arguments = describeArguments(request);
+    std::cout << "<- " << daemon_ << " " << name << (arguments.empty() ? "" : " " + arguments)
+              << " -> " << status << (note.empty() ? "" : " (" + note + ")") << std::endl;
+}
+
+} // namespace sim
