@@ -1,0 +1,50 @@
+#pragma once
+
+#include <QMutex>
+#include <QMutexLocker>
+
+// The last built instance of one view model. `update` stores a fresh build
+// and says whether it differs from the one before, so that the window can
+// skip the repaint of a page whose data did not change.
+template <class VM> class StoredViewModel {
+public:
+    StoredViewModel() = default;
+    StoredViewModel(const StoredViewModel&) = delete;
+    StoredViewModel& operator=(const StoredViewModel&) = delete;
+
+    // Stores `fresh` whether or not it differs; `changed` may be null.
+    VM update(VM fresh, bool* changed)
+    {
+        QMutexLocker lock(&mutex_);
+        const bool differs = fresh != stored_;
+        stored_ = fresh;
+        if (changed) {
+            *changed = differs;
+        }
+        return fresh;
+    }
+
+    // One refresh of a page: without a backend there is nothing to build
+    // from, so the default record comes back, nothing is stored and no change
+    // is reported; otherwise `compute()` is stored as by update().
+    template <class Compute> VM rebuild(bool has_backend, Compute&& compute, bool* changed)
+    {
+        if (changed) {
+            *changed = false;
+        }
+        if (!has_backend) {
+            return VM{};
+        }
+        return update(compute(), changed);
+    }
+
+    VM get() const
+    {
+        QMutexLocker lock(&mutex_);
+        return stored_;
+    }
+
+private:
+    mutable QMutex mutex_;
+    VM stored_{};
+};
