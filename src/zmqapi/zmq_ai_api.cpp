@@ -4,7 +4,7 @@
 namespace {
 
 constexpr zmqapi::InfoFunction kInfo = &ZmqSubWorker::getAiApiInfo;
-constexpr zmqapi::ReplyForm kAiReply{"rsp", "succeed", "data"};
+constexpr zmqapi::ReplyForm kAiReply{"rsp", "success", "data"};
 
 constexpr const char* kTrackingEnablePath = "/ai/ai_tracking/tracking_enable";
 constexpr const char* kMattingEnablePath = "/ai/image_matting/im_enable";

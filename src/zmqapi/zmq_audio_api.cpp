@@ -76,7 +76,7 @@ void fitToSource(json& audio, int source)
             setSelectedId(audio, "bitrate", 5);
     }
 
-    const bool wide = source == kWideSource && channels_real >= 2;
+    const bool wide = source == kWideSource && channels_real > 2;
     const int channels = intOr(audio, "ai_chnnum_id", 0);
     if (channels == kWideChannels && wide) {
         audio["ai_chnsel_id"] = 0;

@@ -67,7 +67,10 @@ QString decodeQrImage(const QImage& image)
     if (!framed.save(path))
         return QString();
     QProcess zbar;
-    zbar.start(QStringLiteral("zbarimg"), {QStringLiteral("--raw"), QStringLiteral("-q"), path});
+    // Binary mode hands back the bytes as encoded; otherwise zbar guesses a
+    // charset and reads short UTF-8 Chinese as Shift-JIS.
+    zbar.start(QStringLiteral("zbarimg"),
+               {QStringLiteral("--raw"), QStringLiteral("-Sbinary"), QStringLiteral("-q"), path});
     if (!zbar.waitForFinished(10000))
         return QString();
     QString text = QString::fromUtf8(zbar.readAllStandardOutput());

@@ -81,6 +81,7 @@ TEST_F(ComponentsTest, ItemStateDrivesAllThreeLooksAndOptionallyEnabled)
 {
     applyTheme(&page, "black");
     const auto item = SubmenuButtonGroupComponent::createButton(&page, ":/icons/general/left.svg");
+    item.label->ensurePolished();
     const QColor normalLabel = item.label->palette().color(QPalette::WindowText);
 
     SubmenuButtonGroupComponent::setItemState(item, "disabled", 0);
