@@ -8,7 +8,7 @@ packages=(
   qtbase5-dev qtbase5-dev-tools libqt5svg5-dev
   libzmq3-dev cppzmq-dev nlohmann-json3-dev libqrencode-dev
   libgtest-dev googletest libbenchmark-dev
-  xvfb x11-apps zbar-tools
+  xvfb x11-apps zbar-tools netcat-openbsd
   fonts-dejavu-core fonts-noto-cjk
 )
 
