@@ -124,6 +124,16 @@ std::string Simulator::control(const std::string& line)
     return commands_->execute(line);
 }
 
+std::vector<HandledRequest> Simulator::webRequests() const
+{
+    return web_dispatcher_ ? web_dispatcher_->journal() : std::vector<HandledRequest>{};
+}
+
+std::vector<HandledRequest> Simulator::mediaRequests() const
+{
+    return media_dispatcher_ ? media_dispatcher_->journal() : std::vector<HandledRequest>{};
+}
+
 void Simulator::runScript()
 {
     if (config_.script_path.empty())

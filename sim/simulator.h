@@ -16,6 +16,7 @@
 #include <random>
 #include <string>
 #include <thread>
+#include <vector>
 
 namespace sim {
 
@@ -53,6 +54,9 @@ public:
     std::string control(const std::string& line);
 
     DeviceState& state() { return *state_; }
+    // The latest requests each daemon answered; empty before start().
+    std::vector<HandledRequest> webRequests() const;
+    std::vector<HandledRequest> mediaRequests() const;
     const std::string& controlPath() const { return control_path_; }
 
     static std::string defaultControlPath(const BackendEndpoints& endpoints);

@@ -135,8 +135,10 @@ void registerControl(HandlerTable& t)
         system(r)["app_connection_status"] = *status;
         return reply::ok();
     });
-    t.add(kModule, "syscontrol", "set_reboot_info", W,
-          [](Request&) { return reply::refuse(code::kRebooting, "rebooting"); });
+    t.add(kModule, "syscontrol", "set_reboot_info", W, [](Request& r) {
+        rules::restart(r.state);
+        return reply::refuse(code::kRebooting, "rebooting");
+    });
     t.add(kModule, "syscontrol", "set_reset_info", W, reset);
     t.add(kModule, "syscontrol", "power_off", W, [](Request& r) { return setRunStatus(r, 0); });
     t.add(kModule, "syscontrol", "power_on", W, [](Request& r) { return setRunStatus(r, 1); });

@@ -45,24 +45,26 @@ std::string Dispatcher::handle(const std::string& request_text)
     const json request = json::parse(request_text, nullptr, false);
     if (request.is_discarded() || !request.is_object()) {
         const json reply = reply::refuse(code::kUnknownOperation, "request is no JSON object");
-        log(json(request_text), reply::statusOf(reply), "");
+        report(json(request_text), false, reply::statusOf(reply), "");
         return reply.dump();
     }
+    const bool known = table_.find(request) != nullptr;
 
     const std::optional<ReplyFault> fault =
         context_.faults.replyFaultFor(HandlerTable::operationName(request));
     if (fault && fault->kind == ReplyFault::Hang) {
-        log(request, "(held)", "never answered, held " + std::to_string(fault->ms) + " ms");
+        report(request, known, "(held)",
+               "never answered, held " + std::to_string(fault->ms) + " ms");
         context_.stop.sleepFor(std::chrono::milliseconds(fault->ms));
         return reply::refuse(code::kUnknownOperation, "held too long").dump();
     }
     if (fault && fault->kind == ReplyFault::Empty) {
-        log(request, "(empty)", "injected");
+        report(request, known, "(empty)", "injected");
         return "";
     }
     if (fault && fault->kind == ReplyFault::Status) {
         const json reply = reply::refuse(fault->code, "injected status");
-        log(request, fault->code, "injected");
+        report(request, known, fault->code, "injected");
         return reply.dump();
     }
 
@@ -75,8 +77,14 @@ std::string Dispatcher::handle(const std::string& request_text)
         note = "delayed " + std::to_string(fault->ms) + " ms";
         context_.stop.sleepFor(std::chrono::milliseconds(fault->ms));
     }
-    log(request, reply::statusOf(reply), note);
+    report(request, known, reply::statusOf(reply), note);
     return reply.dump();
+}
+
+std::vector<HandledRequest> Dispatcher::journal() const
+{
+    std::lock_guard<std::mutex> lock(journal_mutex_);
+    return {journal_.begin(), journal_.end()};
 }
 
 json Dispatcher::answer(const json& request, bool& wrote)
@@ -97,12 +105,19 @@ json Dispatcher::answer(const json& request, bool& wrote)
     }
 }
 
-void Dispatcher::log(const json& request, const std::string& status, const std::string& note) const
+void Dispatcher::report(const json& request, bool known, const std::string& status,
+                        const std::string& note)
 {
-    if (context_.quiet)
-        return;
     const std::string name =
         request.is_object() ? HandlerTable::operationName(request) : request.dump();
+    {
+        std::lock_guard<std::mutex> lock(journal_mutex_);
+        if (journal_.size() == kJournalSize)
+            journal_.pop_front();
+        journal_.push_back({name, status, known});
+    }
+    if (context_.quiet)
+        return;
     std::lock_guard<std::mutex> lock(log_mutex);
     const std::string arguments = describeArguments(request);
     std::cout << "<- " << daemon_ << " " << name << (arguments.empty() ? "" : " " + arguments)

@@ -5,10 +5,21 @@
 #include "state/device_state.h"
 #include "stop_signal.h"
 
+#include <deque>
 #include <functional>
+#include <mutex>
 #include <string>
+#include <vector>
 
 namespace sim {
+
+// One request as the daemon saw it, for tests and tools that check what the
+// panel asked: `known` tells whether the daemon has the operation at all.
+struct HandledRequest {
+    std::string operation;
+    std::string status; // the reply's code or word, or what a fault did
+    bool known = false;
+};
 
 // Turns one request text into one reply text for one daemon: applies the
 // injected faults, runs the operation's handler on the locked state, reports
@@ -30,13 +41,21 @@ public:
 
     const HandlerTable& table() const { return table_; }
 
+    // The latest requests, oldest first (at most kJournalSize).
+    std::vector<HandledRequest> journal() const;
+    static constexpr std::size_t kJournalSize = 4096;
+
 private:
     json answer(const json& request, bool& wrote);
-    void log(const json& request, const std::string& status, const std::string& note) const;
+    // Keeps the request in the journal and writes its log line.
+    void report(const json& request, bool known, const std::string& status,
+                const std::string& note);
 
     std::string daemon_;
     HandlerTable table_;
     Context context_;
+    mutable std::mutex journal_mutex_;
+    std::deque<HandledRequest> journal_;
 };
 
 } // namespace sim

@@ -134,6 +134,13 @@ void switchWorkMode(json& state, int mode)
     state["system"]["workmode_id"] = mode;
 }
 
+void restart(json& state)
+{
+    switchWorkMode(state, workMode(state));
+    state["system"]["run_status"] = 1;
+    state["system"]["uptime_seconds"] = 0;
+}
+
 void dropWifi(json& state)
 {
     json& wifi = state["network"]["wifi"];

@@ -34,6 +34,9 @@ void fillDisk(json& state, int storage_id);
 
 bool anyPushStreamOn(const json& state);
 void switchWorkMode(json& state, int mode);
+// A restart ends whatever ran (recordings, pushes, decoder sources); the box
+// comes back running, in its work mode, with its uptime from zero.
+void restart(json& state);
 // Stops every decoder source (pulls, NDI reception, UVC devices).
 void stopDecoderSources(json& state);
 

@@ -3,16 +3,9 @@
 #include "model/app_manager.h"
 
 #include "appmgrapi/app_api_forward.h"
+#include "appmgrapi/app_json_fields.h"
 
-namespace {
-
-int intOrZero(const json& object, const char* key)
-{
-    auto it = object.find(key);
-    return it != object.end() ? it->get<int>() : 0;
-}
-
-} // namespace
+using appapi::intOr;
 
 int AppManager::setAiEnable(int nn_enable)
 {
@@ -28,7 +21,8 @@ int AppManager::getGskInfo(GskInfo& info)
 {
     return appapi::decodeRead(
         zmq_sub_worker.get(), &ZmqSubWorker::getGskInfo, "getGskInfo", [&](const json& value) {
-            info.im_enable = intOrZero(value, "im_enable");
+            info.im_enable = intOr(value, "im_enable", 0);
+            // The size of whatever the service lists: an object counts its keys.
             auto files = value.find("user_bgfile_list");
             info.user_bgfile_count = files != value.end() ? static_cast<int>(files->size()) : 0;
             return 0;
@@ -39,8 +33,8 @@ int AppManager::getAiTrackingInfo(AiTrackingInfo& info)
 {
     return appapi::decodeRead(zmq_sub_worker.get(), &ZmqSubWorker::getAiTrackingInfo,
                               "getAiTrackingInfo", [&](const json& value) {
-                                  info.nn_enable = intOrZero(value, "nn_enable");
-                                  info.nn_type = intOrZero(value, "nn_type");
+                                  info.nn_enable = intOr(value, "nn_enable", 0);
+                                  info.nn_type = intOr(value, "nn_type", 0);
                                   return 0;
                               });
 }

@@ -19,6 +19,13 @@ inline void readInt(const json& object, const char* key, int& field)
         field = it->get<int>();
 }
 
+// The key's value as readInt reads it, or `fallback` when the key is missing.
+inline int intOr(const json& object, const char* key, int fallback)
+{
+    readInt(object, key, fallback);
+    return fallback;
+}
+
 inline void readString(const json& object, const char* key, std::string& field)
 {
     auto it = object.find(key);

@@ -119,21 +119,14 @@ int AppManager::setThemeID(int theme_id)
 int AppManager::getFanMode()
 {
     return appapi::decodeRead(zmq_sub_worker.get(), &ZmqSubWorker::getFanMode, "getFanMode",
-                              [](const json& value) {
-                                  int mode = 0;
-                                  readInt(value, "mode", mode);
-                                  return mode;
-                              });
+                              [](const json& value) { return appapi::intOr(value, "mode", 0); });
 }
 
 int AppManager::getThemeID()
 {
-    return appapi::decodeRead(zmq_sub_worker.get(), &ZmqSubWorker::getLcdThemeId, "getThemeID",
-                              [](const json& value) {
-                                  int theme_id = 0;
-                                  readInt(value, "lcd_theme_id", theme_id);
-                                  return theme_id;
-                              });
+    return appapi::decodeRead(
+        zmq_sub_worker.get(), &ZmqSubWorker::getLcdThemeId, "getThemeID",
+        [](const json& value) { return appapi::intOr(value, "lcd_theme_id", 0); });
 }
 
 int AppManager::getTallyInfo(TallyInfo& info)
@@ -163,9 +156,16 @@ int AppManager::getDashboardInfo(DashBoardInfo& info)
 {
     return appapi::decodeRead(zmq_sub_worker.get(), &ZmqSubWorker::getDashboardInfo,
                               "getDashboardInfo", [&](const json& value) {
-                                  readText(value, "persistent_time", info.persistent_time);
-                                  readText(value, "device_strat_time", info.device_strat_time);
-                                  return 0;
+                                  try {
+                                      readText(value, "persistent_time", info.persistent_time);
+                                      readText(value, "device_strat_time", info.device_strat_time);
+                                      return 0;
+                                  } catch (const json::exception&) {
+                                      throw; // logged as a parse error by decodeRead
+                                  } catch (const std::exception& e) {
+                                      LOG_ERR("getDashboardInfo error: %s\n", e.what());
+                                      return appapi::kFailure;
+                                  }
                               });
 }
 

@@ -110,6 +110,7 @@ ZmqGetWorker::ZmqGetWorker(ZmqGetWorkerModel* app_mgr, ZmqSubWorker* sub_worker,
 
 void ZmqGetWorker::stop()
 {
+    stop_requested.store(true);
     running.store(false);
 }
 
@@ -126,6 +127,9 @@ void ZmqGetWorker::process()
         return;
     }
     running.store(true);
+    // A stop that came before the loop began must not be overwritten.
+    if (stop_requested.load())
+        running.store(false);
     LOG_DB("ZmqGetWorker started\n");
     preheatAll();
     while (running.load()) {
@@ -185,6 +189,10 @@ void ZmqGetWorker::tickOnce()
 
 bool ZmqGetWorker::run(Refresh refresh)
 {
+    // After a stop the rest of a preheat or tick is skipped, so that the
+    // loop ends without waiting for its remaining requests.
+    if (stop_requested.load())
+        return false;
     try {
         return (this->*refresh)();
     } catch (const std::exception& e) {

@@ -24,6 +24,7 @@ public:
 
     ZmqGetWorker(ZmqGetWorkerModel* app_mgr, ZmqSubWorker* sub_worker, QObject* parent = nullptr);
 
+    // Ends process() at the next refresh or pause step; final.
     void stop();
     bool isRunning() const { return running.load(); }
     // Callable from any thread; takes effect at the next tick.
@@ -73,11 +74,17 @@ private:
     // The read's value, false when it failed or came back empty.
     bool readJson(JsonRead read, nlohmann::json& value);
     void store(const std::function<void(ZmqGetCache&)>& assign);
+    // Reads one group through the model's typed getter, starting from
+    // `start`, and on success stores it in `field` and sets `valid`.
+    template <class Record>
+    bool refreshRecord(int (ZmqGetWorkerModel::*read)(Record&), Record ZmqGetCache::*field,
+                       bool ZmqGetCache::*valid, Record start = Record());
     int preheatWorkMode() const;
 
     ZmqGetWorkerModel* app_mgr;
     ZmqSubWorker* sub_worker;
     std::atomic<bool> running{false};
+    std::atomic<bool> stop_requested{false};
     std::atomic<int> current_page{0};
     std::atomic<int> current_modal{-1};
 };

@@ -5,6 +5,8 @@
 #include "link/zmq_sub_worker.h"
 
 #include <string>
+#include <utility>
+#include <vector>
 
 namespace {
 
@@ -231,59 +233,107 @@ bool ZmqGetWorker::refreshPresentStorage()
     return true;
 }
 
-// STUBS: the groups below are read through the model's typed decoding
-// getters (AppManager::getSystemInfo and the like), which ZmqGetWorkerModel
-// does not offer yet. Until then they fetch nothing and report failure, so
-// their valid flags stay false.
+template <class Record>
+bool ZmqGetWorker::refreshRecord(int (ZmqGetWorkerModel::*read)(Record&),
+                                 Record ZmqGetCache::*field, bool ZmqGetCache::*valid, Record start)
+{
+    if (!app_mgr || !sub_worker)
+        return false;
+    Record record = std::move(start);
+    if ((app_mgr->*read)(record) < 0)
+        return false;
+    store([&](ZmqGetCache& cache) {
+        cache.*field = std::move(record);
+        cache.*valid = true;
+    });
+    return true;
+}
+
 bool ZmqGetWorker::refreshSystemInfo()
 {
-    return false;
+    return refreshRecord(&ZmqGetWorkerModel::getSystemInfo, &ZmqGetCache::version,
+                         &ZmqGetCache::version_valid);
 }
+
 bool ZmqGetWorker::refreshDashboardInfo()
 {
-    return false;
+    return refreshRecord(&ZmqGetWorkerModel::getDashboardInfo, &ZmqGetCache::dashboard,
+                         &ZmqGetCache::dashboard_valid);
 }
+
 bool ZmqGetWorker::refreshVideoOutInfo()
 {
-    return false;
+    return refreshRecord(&ZmqGetWorkerModel::getVideoOutInfo, &ZmqGetCache::video_out,
+                         &ZmqGetCache::video_out_valid);
 }
+
 bool ZmqGetWorker::refreshAudioAllInfo()
 {
-    return false;
+    return refreshRecord(&ZmqGetWorkerModel::getAudioAllInfo, &ZmqGetCache::audio,
+                         &ZmqGetCache::audio_valid);
 }
+
 bool ZmqGetWorker::refreshPtzctrlInfo()
 {
-    return false;
+    return refreshRecord(&ZmqGetWorkerModel::getPtzctrlInfo, &ZmqGetCache::ptz,
+                         &ZmqGetCache::ptz_valid);
 }
+
 bool ZmqGetWorker::refreshTallyInfo()
 {
-    return false;
+    return refreshRecord(&ZmqGetWorkerModel::getTallyInfo, &ZmqGetCache::tally,
+                         &ZmqGetCache::tally_valid);
 }
+
 bool ZmqGetWorker::refreshAiTrackingInfo()
 {
-    return false;
+    return refreshRecord(&ZmqGetWorkerModel::getAiTrackingInfo, &ZmqGetCache::ai_tracking,
+                         &ZmqGetCache::ai_tracking_valid, ZmqGetCache::defaultAiTracking());
 }
+
 bool ZmqGetWorker::refreshGskInfo()
 {
-    return false;
+    return refreshRecord(&ZmqGetWorkerModel::getGskInfo, &ZmqGetCache::gsk,
+                         &ZmqGetCache::gsk_valid);
 }
+
 bool ZmqGetWorker::refreshVideoEncParams()
 {
-    return false;
+    return refreshRecord(&ZmqGetWorkerModel::getVideoEncParams, &ZmqGetCache::venc_list,
+                         &ZmqGetCache::venc_valid);
 }
-bool ZmqGetWorker::refreshEncLocalServerList()
-{
-    return false;
-}
+
 bool ZmqGetWorker::refreshDecNetStreamList()
 {
-    return false;
+    return refreshRecord(&ZmqGetWorkerModel::getDecNetStreamList, &ZmqGetCache::dec_net_stream_list,
+                         &ZmqGetCache::dec_net_stream_valid);
 }
+
 bool ZmqGetWorker::refreshDecNdiList()
 {
-    return false;
+    return refreshRecord(&ZmqGetWorkerModel::getDecNdiList, &ZmqGetCache::dec_ndi_list,
+                         &ZmqGetCache::dec_ndi_valid);
 }
+
 bool ZmqGetWorker::refreshDecUvcList()
 {
-    return false;
+    return refreshRecord(&ZmqGetWorkerModel::getDecUvcList, &ZmqGetCache::dec_uvc_list,
+                         &ZmqGetCache::dec_uvc_valid);
+}
+
+// The one group read as a list and a record together.
+bool ZmqGetWorker::refreshEncLocalServerList()
+{
+    if (!app_mgr || !sub_worker)
+        return false;
+    std::vector<EncRtspInfo> rtsp_list;
+    EncSrtInfo srt{};
+    if (app_mgr->getEncLocalServerList(rtsp_list, srt) < 0)
+        return false;
+    store([&](ZmqGetCache& cache) {
+        cache.enc_rtsp_list = std::move(rtsp_list);
+        cache.enc_srt = srt;
+        cache.local_server_valid = true;
+    });
+    return true;
 }

@@ -30,10 +30,9 @@ QString statusTextKey(int status)
 } // namespace
 
 AutoBtPageWidget::AutoBtPageWidget(UITextManager* textManager, QWidget* parent)
-    : QWidget(parent), text_manager(textManager)
+    : BasicPage(textManager, parent)
 {
-    setFixedSize(640, 142);
-    setAttribute(Qt::WA_StyledBackground);
+    // It shares the standby page's darker ground rather than the page one.
     setProperty("class", "standby-page");
     createComponents();
     layoutComponents();
@@ -75,10 +74,8 @@ int AutoBtPageWidget::onEdgeSwipeToCenter(int)
 
 void AutoBtPageWidget::updateFromVm(const ConnectBTVM& vm)
 {
-    if (is_dirty) {
+    if (takeDirty())
         onLanguageChanged();
-        is_dirty = false;
-    }
     btConnectHint(vm.status);
 }
 

@@ -1,17 +1,14 @@
 #pragma once
 
 #include "model/view_models/shortcut_view_models.h"
-#include "pages/i_gesture_handler.h"
-
-#include <QWidget>
+#include "pages/basic_page.h"
 
 class QLabel;
 class QPushButton;
-class UITextManager;
 
 // Guides the user through pairing a phone over Bluetooth. No flow of the
 // panel opens it yet; it stands ready for one.
-class AutoBtPageWidget : public QWidget, public IGestureHandler {
+class AutoBtPageWidget : public BasicPage {
     Q_OBJECT
 
 public:
@@ -19,25 +16,22 @@ public:
 
     int onSwipeDown(int workmode) override;
     int onEdgeSwipeToCenter(int workmode) override;
-    void setDirty(bool dirty) override { is_dirty = dirty; }
 
-    void updateFromVm(const ConnectBTVM& vm);
-    void btConnectHint(int status);
     void applyStatusText();
-    void onLanguageChanged();
 
 signals:
     void exitbtRequested();
 
 public slots:
+    void updateFromVm(const ConnectBTVM& vm);
+    void btConnectHint(int status);
+    void onLanguageChanged();
     void onExitBtnClicked();
 
 private:
     void createComponents();
     void layoutComponents();
 
-    UITextManager* text_manager;
-    bool is_dirty = true;
     int status = 0;
     QLabel* icon_label = nullptr;
     QLabel* title_label = nullptr;

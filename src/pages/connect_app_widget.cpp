@@ -80,10 +80,8 @@ QString appConnectStatusText(const UITextManager* textManager, int index)
 }
 
 ConnectAppWidget::ConnectAppWidget(UITextManager* textManager, QWidget* parent)
-    : QWidget(parent), text_manager(textManager)
+    : BasicPage(textManager, parent)
 {
-    setFixedSize(640, 142);
-    setProperty("class", "widget1");
     createComponents();
 }
 
@@ -237,10 +235,8 @@ void ConnectAppWidget::onLanguageChanged()
 
 void ConnectAppWidget::updateFromVm(const ConnectAppVM& vm)
 {
-    if (is_dirty) {
+    if (takeDirty())
         onLanguageChanged();
-        is_dirty = false;
-    }
     if (vm.ap_on) {
         qrcode->generateString(wifiJoinText(vm));
         pair_label->setText(text_manager ? text_manager->getTextWithFallback(

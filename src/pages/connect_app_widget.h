@@ -1,9 +1,7 @@
 #pragma once
 
 #include "model/view_models/shortcut_view_models.h"
-#include "pages/i_gesture_handler.h"
-
-#include <QWidget>
+#include "pages/basic_page.h"
 
 class QLabel;
 class QrcodeWidget;
@@ -16,7 +14,7 @@ QString appConnectStatusText(const UITextManager* textManager, int index);
 // The first-use page that pairs a phone: where to get the app and a QR code
 // that joins the device's access point. While the phone goes through the
 // pairing, a status panel takes the QR panel's place.
-class ConnectAppWidget : public QWidget, public IGestureHandler {
+class ConnectAppWidget : public BasicPage {
     Q_OBJECT
 
 public:
@@ -29,7 +27,6 @@ public:
     int onEdgeSwipeToCenter(int workmode) override;
     int onSwipeUp(int workmode) override;
     int onSwipeDown(int workmode) override;
-    void setDirty(bool dirty) override { is_dirty = dirty; }
 
     void onLanguageChanged();
     void updateStatusText(const ConnectAppVM& vm);
@@ -53,8 +50,6 @@ private:
     QWidget* createStatusPanel();
     void status_change(int panel);
 
-    UITextManager* text_manager;
-    bool is_dirty = true;
     int current_panel = QrPanel;
     int last_status = 0;
     bool first_use_signal_sent = false;

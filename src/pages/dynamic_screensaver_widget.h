@@ -21,15 +21,15 @@ public:
 
     DynamicScreensaverWidget(UITextManager* textManager, QWidget* parent = nullptr);
 
-    void start();
-    void stop();
-    void updateFromVm(const DynamicScreensaverVM& vm);
     void updateModeText(const DynamicScreensaverVM& vm);
 
     QPoint cardPosition() const { return card_pos; }
     QTimer* animationTimer() const { return animation_timer; }
 
 public slots:
+    void start();
+    void stop();
+    void updateFromVm(const DynamicScreensaverVM& vm);
     void onAnimationTick();
 
 protected:

@@ -1,6 +1,7 @@
 #include "pages/encoder_shortcut_page_widget.h"
 
 #include "pages/page_ids.h"
+#include "pages/storage_icon_path.h"
 #include "ui/svg_icon_label.h"
 #include "ui/text_manager.h"
 
@@ -36,48 +37,14 @@ bool isRecordDisk(int diskType)
 
 QString buildDiskIconPath(int diskType, int level)
 {
-    const char* word = nullptr;
-    switch (diskType) {
-    case 0:
-        word = "sdcard";
-        break;
-    case 1:
-        word = "udisk";
-        break;
-    case 3:
-        word = "nas";
-        break;
-    default:
-        return QString();
-    }
-    const char* fill = "unmount";
-    switch (level) {
-    case 1:
-        fill = "0";
-        break;
-    case 2:
-        fill = "30";
-        break;
-    case 3:
-        fill = "60";
-        break;
-    case 4:
-        fill = "full";
-        break;
-    default:
-        break;
-    }
-    return QStringLiteral(":/icons/statusbar/%1_%2.svg")
-        .arg(QLatin1String(word), QLatin1String(fill));
+    return storageIconPath(diskType, level);
 }
 
 // ---------------------------------------------------------------- page 1
 
 EncoderShortcutPage1Widget::EncoderShortcutPage1Widget(UITextManager* textManager, QWidget* parent)
-    : QWidget(parent), text_manager(textManager)
+    : BasicPage(textManager, parent)
 {
-    setFixedSize(640, 142);
-    setProperty("class", "widget1");
     createComponents();
     layoutComponents();
 }
@@ -144,10 +111,8 @@ QString EncoderShortcutPage1Widget::text(const char* key) const
 
 void EncoderShortcutPage1Widget::updateFromVm(const EncoderShortcutPageVM& vm)
 {
-    if (is_dirty) {
+    if (takeDirty())
         onLanguageChanged();
-        is_dirty = false;
-    }
     {
         QMutexLocker lock(&state_mutex);
         record_status = vm.record_status;

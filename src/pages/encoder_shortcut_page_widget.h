@@ -1,22 +1,20 @@
 #pragma once
 
 #include "model/view_models/shortcut_view_models.h"
-#include "pages/i_gesture_handler.h"
+#include "pages/basic_page.h"
 #include "pages/shortcut_list_page.h"
 
 #include <QMutex>
-#include <QWidget>
 
 class QLabel;
 class QPushButton;
-class UITextManager;
 
-// ":/icons/statusbar/<disk>_<fill>.svg" for a record disk (0 SD card, 1 USB
-// disk, 3 NAS) and its fill level; empty for any other disk.
+// The disk button's drawing: the status bar's disk icon (storageIconPath),
+// empty for a type that is no record disk.
 QString buildDiskIconPath(int diskType, int level);
 
 // Pause, record and disk choice of the encoder.
-class EncoderShortcutPage1Widget : public QWidget, public IGestureHandler {
+class EncoderShortcutPage1Widget : public BasicPage {
     Q_OBJECT
 
 public:
@@ -27,7 +25,6 @@ public:
     int onEdgeSwipeToCenter(int workmode) override;
     int onSwipeUp(int workmode) override;
     int onSwipeDown(int workmode) override;
-    void setDirty(bool dirty) override { is_dirty = dirty; }
 
     void onLanguageChanged();
     void updateRecordState();
@@ -71,8 +68,6 @@ private:
     void applyLook(const RoundButton& item, const ButtonLook& look);
     QString text(const char* key) const;
 
-    UITextManager* text_manager;
-    bool is_dirty = true;
     RoundButton buttons[3];
 
     // Written by updateFromVm and read by updateRecordState.

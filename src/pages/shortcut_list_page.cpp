@@ -17,10 +17,8 @@ constexpr int kRowGap = ShortcutListComponent::kScrollStep - kRowWidth;
 } // namespace
 
 ShortcutListPage::ShortcutListPage(UITextManager* textManager, QWidget* parent)
-    : QWidget(parent), text_manager(textManager)
+    : BasicPage(textManager, parent)
 {
-    setFixedSize(640, 142);
-    setProperty("class", "widget1");
     scroll_area = ShortcutListComponent::createScrollArea(this, &content);
     empty_hint = ShortcutListComponent::createEmptyHint(this);
     ShortcutListComponent::layoutList(this, scroll_area, empty_hint);
@@ -60,13 +58,6 @@ int ShortcutListPage::swipeRightOr(int pageWhenAtStart)
         return pageWhenAtStart;
     scrollListLeft();
     return -1;
-}
-
-bool ShortcutListPage::takeDirty()
-{
-    const bool wasDirty = is_dirty;
-    is_dirty = false;
-    return wasDirty;
 }
 
 void ShortcutListPage::clearItems()

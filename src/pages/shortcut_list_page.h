@@ -1,27 +1,23 @@
 #pragma once
 
-#include "pages/i_gesture_handler.h"
+#include "pages/basic_page.h"
 #include "pages/shortcut_status_looks.h"
 
 #include <QVector>
-#include <QWidget>
 
 class QLabel;
 class QPushButton;
 class QScrollArea;
-class UITextManager;
 
 // The common body of the encoder and decoder shortcut pages: a horizontal
 // list of at most twelve status rows that scrolls one row per swipe, or a
 // hint when there is nothing to list. A swipe first scrolls the list and
 // only leaves the page once the list can't move that way any more.
-class ShortcutListPage : public QWidget, public IGestureHandler {
+class ShortcutListPage : public BasicPage {
     Q_OBJECT
 
 public:
     static constexpr int kMaxRows = 12;
-
-    void setDirty(bool dirty) override { is_dirty = dirty; }
 
     bool canScrollLeft() const;
     bool canScrollRight() const;
@@ -48,18 +44,13 @@ protected:
 
     void showRows(const QVector<Row>& list, const QString& emptyText);
     void clearItems();
-    // Consumes a pending language change; true when the texts must be renewed.
-    bool takeDirty();
     // A left swipe moves the list towards its end, a right swipe back.
     int swipeLeftOr(int pageWhenAtEnd);
     int swipeRightOr(int pageWhenAtStart);
 
     virtual void onRowClicked(int key, bool on) = 0;
 
-    UITextManager* text_manager;
-
 private:
-    bool is_dirty = true;
     QScrollArea* scroll_area = nullptr;
     QWidget* content = nullptr;
     QLabel* empty_hint = nullptr;

@@ -59,10 +59,8 @@ QString functionOf(const nlohmann::json& entry)
 } // namespace
 
 ShortcutPageWidget::ShortcutPageWidget(UITextManager* textManager, QWidget* parent)
-    : QWidget(parent), text_manager(textManager)
+    : BasicPage(textManager, parent)
 {
-    setFixedSize(640, 142);
-    setProperty("class", "widget1");
     createComponents();
 }
 
@@ -149,10 +147,8 @@ bool ShortcutPageWidget::scrollListRight()
 
 void ShortcutPageWidget::updateFromVm(const ShortcutVM& vm)
 {
-    if (is_dirty) {
+    if (takeDirty())
         onLanguageChanged();
-        is_dirty = false;
-    }
     current_index = vm.current;
     updateShortcutList(vm.config);
 }

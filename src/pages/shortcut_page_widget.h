@@ -1,10 +1,9 @@
 #pragma once
 
 #include "model/view_models/shortcut_view_models.h"
-#include "pages/i_gesture_handler.h"
+#include "pages/basic_page.h"
 
 #include <QVector>
-#include <QWidget>
 
 #include <nlohmann/json.hpp>
 
@@ -13,13 +12,12 @@ class QLabel;
 class QPushButton;
 class QScrollArea;
 class QSlider;
-class UITextManager;
 
 // The quick action list opened by a long press on a home page. Its rows come
 // from a JSON list of function names; a tap reports the row's name and the
 // window carries the action out. Below the list, dots show which rows are in
 // view once there are more than fit.
-class ShortcutPageWidget : public QWidget, public IGestureHandler {
+class ShortcutPageWidget : public BasicPage {
     Q_OBJECT
 
 public:
@@ -32,7 +30,6 @@ public:
     int onEdgeSwipeToCenter(int workmode) override;
     int onSwipeUp(int workmode) override;
     int onSwipeDown(int workmode) override;
-    void setDirty(bool dirty) override { is_dirty = dirty; }
 
     void onLanguageChanged();
     void updateShortcutList(const nlohmann::json& list);
@@ -65,8 +62,6 @@ private:
     void updateDots();
     int homeOrReturnPage() const;
 
-    UITextManager* text_manager;
-    bool is_dirty = true;
     int return_page = 0;
     int current_index = 0;
     int shortcut_num = 3;

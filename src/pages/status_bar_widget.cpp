@@ -1,6 +1,7 @@
 #include "pages/status_bar_widget.h"
 
 #include "model/view_models/status_view_models.h"
+#include "pages/storage_icon_path.h"
 #include "ui/svg_icon_label.h"
 #include "ui/text_manager.h"
 
@@ -87,7 +88,8 @@ StatusBarWidget::StatusBarWidget(UITextManager* textManager, QWidget* parent)
 
 void StatusBarWidget::createComponents()
 {
-    context_label = createTextLabel(this, "statusbar-context", QRect(16, 0, 300, 30), Qt::AlignLeft);
+    context_label =
+        createTextLabel(this, "statusbar-context", QRect(16, 0, 300, 30), Qt::AlignLeft);
     context_label->hide();
 
     mode_dot = new QLabel(this);
@@ -125,22 +127,20 @@ void StatusBarWidget::createComponents()
     first_divider = createDivider(this, 523);
     second_divider = createDivider(this, 523);
 
-    eth_icon = createIconLabel(this, QRect(540, 3, kIconSize, kIconSize), linkIconPath("eth", false));
+    eth_icon =
+        createIconLabel(this, QRect(540, 3, kIconSize, kIconSize), linkIconPath("eth", false));
     wifi_icon =
         createIconLabel(this, QRect(570, 3, kIconSize, kIconSize), linkIconPath("wifi", false));
     ap_icon = createIconLabel(this, QRect(600, 3, kIconSize, kIconSize), linkIconPath("ap", false));
 
     // Names let the test interface and tools tell the look-alike icons apart.
     const std::pair<QLabel*, const char*> names[] = {
-        {context_label, "context"},     {mode_dot, "mode_dot"},
-        {mode_label, "mode"},           {rec_icon, "rec_icon"},
-        {rec_time_label, "rec_time"},   {live_icon, "live_icon"},
-        {dec_icon, "dec_icon"},         {lock_icon, "lock_icon"},
-        {udisk_icon, "udisk_icon"},     {sdcard_icon, "sdcard_icon"},
-        {nas_icon, "nas_icon"},         {capacity_label, "free_space"},
-        {first_divider, "divider_1"},   {second_divider, "divider_2"},
-        {eth_icon, "eth_icon"},         {wifi_icon, "wifi_icon"},
-        {ap_icon, "ap_icon"},
+        {context_label, "context"},   {mode_dot, "mode_dot"},        {mode_label, "mode"},
+        {rec_icon, "rec_icon"},       {rec_time_label, "rec_time"},  {live_icon, "live_icon"},
+        {dec_icon, "dec_icon"},       {lock_icon, "lock_icon"},      {udisk_icon, "udisk_icon"},
+        {sdcard_icon, "sdcard_icon"}, {nas_icon, "nas_icon"},        {capacity_label, "free_space"},
+        {first_divider, "divider_1"}, {second_divider, "divider_2"}, {eth_icon, "eth_icon"},
+        {wifi_icon, "wifi_icon"},     {ap_icon, "ap_icon"},
     };
     for (const auto& [label, name] : names)
         label->setObjectName(QLatin1String(name));
@@ -163,9 +163,9 @@ void StatusBarWidget::updateFromVm(const StatusBarVM& vm)
 
 void StatusBarWidget::hideStatusPageIcons()
 {
-    for (QLabel* label : {rec_icon, live_icon, dec_icon, lock_icon, udisk_icon, sdcard_icon,
-                          nas_icon, eth_icon, wifi_icon, ap_icon, rec_time_label, capacity_label,
-                          first_divider, second_divider})
+    for (QLabel* label :
+         {rec_icon, live_icon, dec_icon, lock_icon, udisk_icon, sdcard_icon, nas_icon, eth_icon,
+          wifi_icon, ap_icon, rec_time_label, capacity_label, first_divider, second_divider})
         label->hide();
 }
 
@@ -227,39 +227,7 @@ QLabel* StatusBarWidget::getCurrentRecordDiskLabel(int diskType) const
 
 QString StatusBarWidget::getStorageIconPath(int diskType, int level) const
 {
-    QString word;
-    switch (diskType) {
-    case 0:
-        word = QStringLiteral("sdcard");
-        break;
-    case 1:
-        word = QStringLiteral("udisk");
-        break;
-    case 3:
-        word = QStringLiteral("nas");
-        break;
-    default:
-        return QString();
-    }
-    QString ending;
-    switch (level) {
-    case 1:
-        ending = QStringLiteral("_0");
-        break;
-    case 2:
-        ending = QStringLiteral("_30");
-        break;
-    case 3:
-        ending = QStringLiteral("_60");
-        break;
-    case 4:
-        ending = QStringLiteral("_full");
-        break;
-    default:
-        ending = QStringLiteral("_unmount");
-        break;
-    }
-    return QStringLiteral(":/icons/statusbar/") + word + ending + QStringLiteral(".svg");
+    return storageIconPath(diskType, level);
 }
 
 void StatusBarWidget::applyHardwareStatus(const StatusBarVM& vm)

@@ -18,8 +18,6 @@ public:
 
     UpgradeWidget(UITextManager* textManager, QWidget* parent = nullptr);
 
-    void updateFromVm(int progress);
-    void onLanguageChanged();
     void updateStatusText();
     static QString progressImagePath(int level);
     static int progressImageLevel(int progress);
@@ -27,6 +25,10 @@ public:
     QString shownImagePath() const { return image_path; }
     bool isRebooting() const { return rebooting; }
     QTimer* rebootTextTimer() const { return reboot_timer; }
+
+public slots:
+    void updateFromVm(int progress);
+    void onLanguageChanged();
 
 private:
     void createComponents();

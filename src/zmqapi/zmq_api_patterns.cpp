@@ -33,6 +33,14 @@ bool isEmptyValue(const json& value)
            || (value.is_array() && value.empty());
 }
 
+std::optional<int> numberAt(const json& object, const char* key)
+{
+    auto it = object.find(key);
+    if (it == object.end() || !it->is_number())
+        return std::nullopt;
+    return it->get<int>();
+}
+
 namespace {
 
 bool hasWord(const json& doc, const ReplyForm& form)
@@ -41,6 +49,15 @@ bool hasWord(const json& doc, const ReplyForm& form)
         return true;
     auto it = doc.find(form.word_key);
     return it != doc.end() && it->is_string() && it->get_ref<const std::string&>() == form.word;
+}
+
+void logFailure(const ReadFailureLog& log, const std::exception& e, const std::string& reply)
+{
+    if (log.debug) {
+        DB_LOG(__FILE__, __FUNCTION__, __LINE__, log.format, e.what(), reply.c_str());
+    } else {
+        ERR_LOG(__FILE__, __FUNCTION__, __LINE__, log.format, e.what(), reply.c_str());
+    }
 }
 
 } // namespace
@@ -58,7 +75,10 @@ int reduceReply(ZmqSubWorker& worker, const std::string& reply, const ReplyForm&
         try {
             doc = json::parse(reply);
         } catch (const json::parse_error& e) {
-            LOG_DB("JSON parse exception: %s, response=%s\n", e.what(), reply.c_str());
+            if (log.covers_parse_errors)
+                logFailure(log, e, reply);
+            else
+                LOG_DB("JSON parse exception: %s, response=%s\n", e.what(), reply.c_str());
             return failed();
         }
         if (!doc.is_object() || !hasWord(doc, form))
@@ -73,11 +93,7 @@ int reduceReply(ZmqSubWorker& worker, const std::string& reply, const ReplyForm&
         out = std::move(*result);
         return 0;
     } catch (const std::exception& e) {
-        if (log.debug) {
-            DB_LOG(__FILE__, __FUNCTION__, __LINE__, log.format, e.what(), reply.c_str());
-        } else {
-            ERR_LOG(__FILE__, __FUNCTION__, __LINE__, log.format, e.what(), reply.c_str());
-        }
+        logFailure(log, e, reply);
         return kFailure;
     }
 }

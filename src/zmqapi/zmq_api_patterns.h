@@ -6,6 +6,7 @@
 #include "transport/harvelin_log.h"
 
 #include <exception>
+#include <optional>
 #include <type_traits>
 #include <utility>
 
@@ -49,10 +50,12 @@ constexpr ReplyForm mappedFailures(ZmqSubWorker::StatusMapper mapper, ReplyForm 
 }
 
 // How a read reports an exception other than a parse error; `format` takes
-// the exception's text and, if it wants, the reply.
+// the exception's text and, if it wants, the reply. A read with its own
+// error line may report parse errors under it too.
 struct ReadFailureLog {
     const char* format = "Exception: %s\n";
     bool debug = false;
+    bool covers_parse_errors = false;
 };
 
 // Reads `reply` by `form`: 0 with the result moved into `out`, or a negative
@@ -71,6 +74,14 @@ int get(ZmqSubWorker& worker, InfoFunction info, const char* group, const char* 
 int mapStatus(ZmqSubWorker& worker, ZmqSubWorker::StatusMapper mapper, const std::string& value);
 
 bool isEmptyValue(const json& value);
+
+// `object.key` as an int when it is a number (a fraction truncated);
+// nothing when the key is missing, holds no number, or `object` is no object.
+std::optional<int> numberAt(const json& object, const char* key);
+inline int numberOr(const json& object, const char* key, int fallback)
+{
+    return numberAt(object, key).value_or(fallback);
+}
 
 // Read-modify-write: reads the present state with `read` (a negative status is
 // returned and nothing is sent), lets `build(request, state)` put the state

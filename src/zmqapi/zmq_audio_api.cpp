@@ -36,12 +36,6 @@ void setSelectedId(json& object, const char* key, int value)
     object[key]["selected_id"] = value;
 }
 
-int intOr(const json& object, const char* key, int fallback)
-{
-    auto it = object.find(key);
-    return (it != object.end() && it->is_number()) ? it->get<int>() : fallback;
-}
-
 template <class Change> int sendAudioChange(ZmqSubWorker& worker, Change change)
 {
     return zmqapi::sendWithState(worker, &ZmqSubWorker::getAudioConfig,
@@ -59,7 +53,7 @@ void fitToSource(json& audio, int source)
         return;
     const int codec = getSelectedId(audio, "codec", 0);
     int sample_rate = getSelectedId(audio, "sample_rate", kSampleRateFallback);
-    const int channels_real = intOr(audio, "ai_chnnum_real", 0);
+    const int channels_real = zmqapi::numberOr(audio, "ai_chnnum_real", 0);
 
     const bool rate_unsupported =
         sample_rate < 1 || (sample_rate > kSampleRateFallback && sample_rate != kSampleRateOnlyPcm)
@@ -77,7 +71,7 @@ void fitToSource(json& audio, int source)
     }
 
     const bool wide = source == kWideSource && channels_real > 2;
-    const int channels = intOr(audio, "ai_chnnum_id", 0);
+    const int channels = zmqapi::numberOr(audio, "ai_chnnum_id", 0);
     if (channels == kWideChannels && wide) {
         audio["ai_chnsel_id"] = 0;
         return;

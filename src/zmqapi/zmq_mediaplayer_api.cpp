@@ -10,12 +10,6 @@ json uvcCommand(const char* opt, int dev_id)
     return zmqapi::command("uvc", opt, {{"id", dev_id}});
 }
 
-int intOr(const json& object, const char* key, int fallback)
-{
-    auto it = object.find(key);
-    return (it != object.end() && it->is_number()) ? it->get<int>() : fallback;
-}
-
 bool hasObjectWith(const json& device, const char* key, std::initializer_list<const char*> inner)
 {
     auto it = device.find(key);
@@ -39,7 +33,7 @@ bool hasUvcConfig(const json& device)
 const json* findDevice(const json& list, int dev_id)
 {
     for (const json& device : list) {
-        if (device.is_object() && intOr(device, "id", -1) == dev_id)
+        if (device.is_object() && zmqapi::numberOr(device, "id", -1) == dev_id)
             return &device;
     }
     return nullptr;
@@ -68,10 +62,10 @@ int ZmqSubWorker::setDecUvcOpen(int dev_id)
         LOG_WAR("setDecUvcOpen: uvc config is invalid, dev_id=%d\n", dev_id);
         return zmqapi::kFailure;
     }
-    const int dev = intOr(*device, "dev_check", 0);
-    const int format = intOr(*device, "format_check", 0);
-    const int resolution = intOr(*device, "resolution_check", 0);
-    const int fps = intOr(*device, "fps_check", 0);
+    const int dev = zmqapi::numberOr(*device, "dev_check", 0);
+    const int format = zmqapi::numberOr(*device, "format_check", 0);
+    const int resolution = zmqapi::numberOr(*device, "resolution_check", 0);
+    const int fps = zmqapi::numberOr(*device, "fps_check", 0);
     if (dev != 1 || format != 1 || resolution != 1 || fps != 1) {
         LOG_WAR("setDecUvcOpen: uvc check failed, dev_id=%d, dev=%d, format=%d, resolution=%d, "
                 "fps=%d\n",

@@ -22,13 +22,19 @@ bool replaceHeld(QMutex& mutex, int& held, int value)
     return true;
 }
 
-bool readNumber(const json& object, const char* key, int& value)
+// Reads one value that the worker also learns from its topic and hands it to
+// `take` when the reply holds it as a number; a reply without it changes nothing.
+template <class Take>
+int readStateValue(ZmqSubWorker& worker, const char* group, const char* opt,
+                   const zmqapi::ReplyForm& form, const char* key, Take take)
 {
-    auto it = object.find(key);
-    if (it == object.end() || !it->is_number())
-        return false;
-    value = it->get<int>();
-    return true;
+    json result;
+    const int status = zmqapi::get(worker, kInfo, group, opt, result, form);
+    if (status < 0)
+        return status;
+    if (const std::optional<int> value = zmqapi::numberAt(result, key))
+        take(*value);
+    return 0;
 }
 
 } // namespace
@@ -226,45 +232,30 @@ int ZmqSubWorker::setConnectAppFirstUseFlag(int app_first_use_flag)
 
 int ZmqSubWorker::getStandbyStatus()
 {
-    json data;
-    const int status = zmqapi::get(*this, kInfo, "syscontrol", "get_run_status", data);
-    if (status < 0)
-        return status;
-    int run_status = 0;
-    if (readNumber(data, "run_status", run_status)
-        && replaceHeld(sub_cache_mutex, last_run_status, run_status)) {
-        emit runStatusUpdate(run_status);
-    }
-    return 0;
+    return readStateValue(*this, "syscontrol", "get_run_status", kDataReply, "run_status",
+                          [this](int value) {
+                              if (replaceHeld(sub_cache_mutex, last_run_status, value))
+                                  emit runStatusUpdate(value);
+                          });
 }
 
+// The work mode stands at the top level of the reply.
 int ZmqSubWorker::getWorkMode()
 {
-    json reply;
-    const int status =
-        zmqapi::get(*this, kInfo, "workmode", "get_workmode_id", reply, zmqapi::resultAt(nullptr));
-    if (status < 0)
-        return status;
-    int workmode_id = 0;
-    if (readNumber(reply, "workmode_id", workmode_id)
-        && replaceHeld(sub_cache_mutex, last_workmode_id, workmode_id)) {
-        emit workModeUpdate(workmode_id);
-    }
-    return 0;
+    return readStateValue(*this, "workmode", "get_workmode_id", zmqapi::resultAt(nullptr),
+                          "workmode_id", [this](int value) {
+                              if (replaceHeld(sub_cache_mutex, last_workmode_id, value))
+                                  emit workModeUpdate(value);
+                          });
 }
 
 int ZmqSubWorker::getSystemLanguage()
 {
-    json data;
-    const int status = zmqapi::get(*this, kInfo, "sys_language", "get_sys_language_info", data);
-    if (status < 0)
-        return status;
-    int language_id = 0;
-    if (readNumber(data, "language_id", language_id)
-        && replaceHeld(sub_cache_mutex, last_language_id, language_id)) {
-        emit systemLanguageUpdate(language_id);
-    }
-    return 0;
+    return readStateValue(*this, "sys_language", "get_sys_language_info", kDataReply, "language_id",
+                          [this](int value) {
+                              if (replaceHeld(sub_cache_mutex, last_language_id, value))
+                                  emit systemLanguageUpdate(value);
+                          });
 }
 
 int ZmqSubWorker::getLcdThemeId(json& out)
@@ -290,9 +281,11 @@ int ZmqSubWorker::getAppConnectionStatus(int& connect_status)
         if (!doc.is_object() || doc.value("rsp", std::string()) != "succeed")
             return kFailure;
         auto data = doc.find("data");
-        if (data == doc.end() || !readNumber(*data, "connect_status", connect_status)) {
+        const std::optional<int> value =
+            data == doc.end() ? std::nullopt : zmqapi::numberAt(*data, "connect_status");
+        if (!value)
             return kFailure;
-        }
+        connect_status = *value;
         return 0;
     } catch (const json::exception& e) {
         LOG_ERR("getAppConnectionStatus JSON parse error: %s\n", e.what());
@@ -304,7 +297,7 @@ int ZmqSubWorker::getGestureGuide(json& out)
 {
     return zmqapi::fetch(*this, &ZmqSubWorker::getSystemApiInfo,
                          request("lcd", "get_gesture_guide"), kDataReply, out,
-                         {"getGestureGuide JSON parse error: %s\n", false});
+                         {"getGestureGuide JSON parse error: %s\n", false, true});
 }
 
 int ZmqSubWorker::getSystemInfo(json& out)
@@ -384,7 +377,6 @@ int ZmqSubWorker::getConnectAppFirstUseFlag(int& app_first_use_flag)
     app_first_use_flag = 0;
     json cfg;
     GetJsonCfg("get_hardwaredom", cfg);
-    if (cfg.is_object())
-        readNumber(cfg, "app_first_use_flag", app_first_use_flag);
+    app_first_use_flag = zmqapi::numberOr(cfg, "app_first_use_flag", 0);
     return 0;
 }

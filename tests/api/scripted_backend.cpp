@@ -94,9 +94,11 @@ void ScriptedPeer::onRequest(std::string request, std::string& reply, void* user
 ApiTest::ApiTest()
     : endpoints(BackendEndpoints::local(dir.path(), testsupport::freeTcpPort())),
       web(endpoints.webserver), media(endpoints.mediaserver),
-      app(std::make_unique<AppManager>(endpoints))
+      // A manager around a bare worker starts no poller, so every request the
+      // peers see comes from the test.
+      app(std::make_unique<AppManager>(std::make_unique<ZmqSubWorker>(endpoints)))
 {
-    // The worker's own start-up reads are not part of any test.
+    // The start-up reads of the worker and the manager are not part of any test.
     web.clearRequests();
 }
 

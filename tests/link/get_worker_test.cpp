@@ -1,5 +1,6 @@
 // The polling worker: what each tick fetches for page and work mode, what it
 // stores, and that failures keep the cache as it was.
+#include "get_worker_fake_model.h"
 #include "link/zmq_get_cache.h"
 #include "link/zmq_get_worker.h"
 #include "link_env.h"
@@ -15,12 +16,6 @@ namespace {
 
 using std::chrono::milliseconds;
 using OpSet = std::set<std::string>;
-
-class FakeModel : public ZmqGetWorkerModel {
-public:
-    int getWorkMode() const override { return mode.load(); }
-    std::atomic<int> mode{0};
-};
 
 // The reads of the poller that go to the web server as JSON getters.
 const OpSet kJsonReads = {"get_lcd_info",        "get_ndi_info",

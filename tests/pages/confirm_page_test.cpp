@@ -1,6 +1,6 @@
+#include "page_test_support.h"
 #include "pages/general_confirm_page_widget.h"
 #include "pages/page_ids.h"
-#include "surfaces_test_kit.h"
 
 #include <QPushButton>
 #include <QSignalSpy>
@@ -21,7 +21,7 @@ protected:
     }
     QPushButton* button(const char* cls) const
     {
-        return pagetest::childOfClass<QPushButton>(&page, cls);
+        return pagetest::firstByClass<QPushButton>(&page, cls);
     }
 };
 
@@ -94,9 +94,9 @@ TEST(ConfirmPageLook, Screenshots)
     GeneralConfirmPageWidget page(texts.get());
     page.updateFromVm({CONFIRM_ACTION_DC_OUT, PAGE_SYSTEM_SETTINGS_1, 0, 2});
     pagetest::showAndSettle(&page);
-    pagetest::saveThemedSnapshots(&page, "confirm_dc_out");
+    pagetest::saveThemedScreenshots(&page, "confirm_dc_out");
     page.updateFromVm({CONFIRM_ACTION_RESET, PAGE_SYSTEM_SETTINGS_3, 0, 1});
-    pagetest::saveThemedSnapshots(&page, "confirm_reset");
+    pagetest::saveThemedScreenshots(&page, "confirm_reset");
     EXPECT_FALSE(page.messageText().isEmpty());
 }
 

@@ -1,7 +1,7 @@
 // The app connect page: the QR code that joins the access point, the status
 // panel of the pairing steps and the one-time first-use report.
+#include "page_test_support.h"
 #include "pages/connect_app_widget.h"
-#include "surfaces_test_kit.h"
 #include "ui/qrcode_widget.h"
 
 #include <QImage>
@@ -11,7 +11,7 @@
 
 namespace {
 
-using pagetest::childOfClass;
+using pagetest::firstByClass;
 
 class ConnectAppPageTest : public ::testing::Test {
 protected:
@@ -157,7 +157,7 @@ TEST(ConnectAppLanguageTest, AndroidImageFollowsTheLanguageAtTheNextUpdate)
 {
     auto texts = pagetest::makeTextManager(pagetest::kChinese);
     ConnectAppWidget page(texts.get(), nullptr);
-    QLabel* image = childOfClass<QLabel>(&page, "v2-p2-type");
+    QLabel* image = firstByClass<QLabel>(&page, "v2-p2-type");
     ASSERT_NE(image, nullptr);
     page.updateFromVm(ConnectAppVM());
     EXPECT_EQ(image->property("imagePath").toString(), QStringLiteral(":/icons/QR/android_ch.jpg"));
@@ -175,7 +175,7 @@ TEST(ConnectAppLanguageTest, WithoutTextsTheLinesAreEmptyAndTheImageIsTheDefault
     EXPECT_TRUE(appConnectStatusText(nullptr, 1).isNull());
     ConnectAppWidget page(nullptr, nullptr);
     page.updateFromVm(ConnectAppVM());
-    EXPECT_EQ(childOfClass<QLabel>(&page, "v2-p2-type")->property("imagePath").toString(),
+    EXPECT_EQ(firstByClass<QLabel>(&page, "v2-p2-type")->property("imagePath").toString(),
               QStringLiteral(":/icons/QR/android.jpg"));
     EXPECT_FALSE(page.qrcodeWidget()->hasValidData());
 }
@@ -191,12 +191,12 @@ TEST(ConnectAppSnapshotTest, BothPanelsInBothThemes)
         vm.ap_psk = "12345678";
         page.updateFromVm(vm);
         const QString suffix = language == pagetest::kEnglish ? "en" : "zh";
-        pagetest::saveThemedSnapshots(&page, "connect_app_qr_" + suffix);
+        pagetest::saveThemedScreenshots(&page, "connect_app_qr_" + suffix);
         vm.connect_status = 3;
         vm.wifi_status = 4;
         vm.ip = "192.168.10.42";
         page.updateFromVm(vm);
-        pagetest::saveThemedSnapshots(&page, "connect_app_status_" + suffix);
+        pagetest::saveThemedScreenshots(&page, "connect_app_status_" + suffix);
         EXPECT_EQ(page.currentPanel(), ConnectAppWidget::StatusPanel);
     }
 }

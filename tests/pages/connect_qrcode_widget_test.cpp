@@ -1,7 +1,7 @@
 // The QR drawing widget: encodes a text with libqrencode and paints it so that
 // a reader gets the very text back.
+#include "page_test_support.h"
 #include "support/test_support.h"
-#include "surfaces_test_kit.h"
 #include "ui/qrcode_widget.h"
 
 #include <QImage>

@@ -1,7 +1,7 @@
+#include "page_test_support.h"
 #include "pages/general_edit_page_widget.h"
 #include "pages/page_ids.h"
 #include "support/test_support.h"
-#include "surfaces_test_kit.h"
 
 #include <QLabel>
 #include <QPushButton>
@@ -37,13 +37,13 @@ protected:
     }
     QString optionState() const
     {
-        return pagetest::childOfClass<QLabel>(&page, "v2-edit-option-label")
+        return pagetest::firstByClass<QLabel>(&page, "v2-edit-option-label")
             ->property("option-state")
             .toString();
     }
     QPushButton* button(const char* cls) const
     {
-        return pagetest::childOfClass<QPushButton>(&page, cls);
+        return pagetest::firstByClass<QPushButton>(&page, cls);
     }
 };
 
@@ -223,9 +223,9 @@ TEST(EditPageLook, Screenshots)
     page.setVoFormatContext(1920, 1080, 60, "1080p60", 0);
     page.updateFromVm({Edit::EDIT_VO_FORMAT, PAGE_VIDEO_SETTINGS_1, -1, 0, 0});
     pagetest::showAndSettle(&page);
-    pagetest::saveThemedSnapshots(&page, "edit_vo_format_actual");
+    pagetest::saveThemedScreenshots(&page, "edit_vo_format_actual");
     page.nextOption();
-    pagetest::saveThemedSnapshots(&page, "edit_vo_format_other");
+    pagetest::saveThemedScreenshots(&page, "edit_vo_format_other");
     EXPECT_EQ(page.currentOption(), "1080p59.94");
 }
 

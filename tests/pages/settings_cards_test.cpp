@@ -1,10 +1,10 @@
+#include "page_test_support.h"
 #include "pages/audio_settings_page_widget.h"
 #include "pages/camera_settings_page_widget.h"
 #include "pages/decoding_settings_page_widget.h"
 #include "pages/media_settings_page_widget.h"
 #include "pages/system_settings_page_widget.h"
 #include "pages/video_settings_page_widget.h"
-#include "surfaces_test_kit.h"
 #include "ui/svg_icon_label.h"
 
 #include <QLabel>

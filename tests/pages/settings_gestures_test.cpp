@@ -1,3 +1,4 @@
+#include "page_test_support.h"
 #include "pages/audio_settings_page_widget.h"
 #include "pages/camera_settings_page_widget.h"
 #include "pages/decoding_settings_page_widget.h"
@@ -5,7 +6,6 @@
 #include "pages/network_settings_page_widget.h"
 #include "pages/system_settings_page_widget.h"
 #include "pages/video_settings_page_widget.h"
-#include "surfaces_test_kit.h"
 
 #include <gtest/gtest.h>
 

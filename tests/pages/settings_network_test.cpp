@@ -1,5 +1,5 @@
+#include "page_test_support.h"
 #include "pages/network_settings_page_widget.h"
-#include "surfaces_test_kit.h"
 #include "ui/qrcode_widget.h"
 
 #include <QLabel>
@@ -179,7 +179,7 @@ TEST_F(NetworkPagesTest, NasRowsShowMountStatusAndReportTaps)
     ASSERT_EQ(page.rowCount(), 4);
 
     auto status = [&](int row) {
-        return pagetest::childOfClass<QLabel>(page.rowButton(row), "v2-shortcut-status");
+        return pagetest::firstByClass<QLabel>(page.rowButton(row), "v2-shortcut-status");
     };
     EXPECT_EQ(page.rowButton(0)->property("btn-state").toString(), "active");
     EXPECT_EQ(page.rowButton(1)->property("btn-state").toString(), "normal");

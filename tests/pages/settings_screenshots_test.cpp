@@ -1,5 +1,6 @@
 // Renders every settings page with a typical record in both themes, into the
 // build's screenshots/pages folder, for a look by eye.
+#include "page_test_support.h"
 #include "pages/audio_settings_page_widget.h"
 #include "pages/camera_settings_page_widget.h"
 #include "pages/decoding_settings_page_widget.h"
@@ -7,7 +8,6 @@
 #include "pages/network_settings_page_widget.h"
 #include "pages/system_settings_page_widget.h"
 #include "pages/video_settings_page_widget.h"
-#include "surfaces_test_kit.h"
 
 #include <QDir>
 #include <QFileInfo>
@@ -25,7 +25,7 @@ protected:
         Page page(texts.get());
         page.updateFromVm(vm);
         pagetest::showAndSettle(&page);
-        pagetest::saveThemedSnapshots(&page, QString::fromLatin1(name));
+        pagetest::saveThemedScreenshots(&page, QString::fromLatin1(name));
         const QString file =
             QStringLiteral(PANEL_BINARY_DIR "/screenshots/pages/%1_blue.png").arg(name);
         EXPECT_TRUE(QFileInfo::exists(file)) << file.toStdString();

@@ -202,10 +202,11 @@ TEST_F(DecoderPagesTest, Snapshots)
 {
     showAll({item(1, 0, false, "Camera North"), item(2, 2, true, "Studio"),
              item(3, 11, false, "Remote"), item(4, 1, true, "Pitch")});
-    pagetest::saveThemedSnapshots(&pull, "decoder_shortcut_1_pull");
-    pagetest::saveThemedSnapshots(&ndi, "decoder_shortcut_3_ndi");
+    pagetest::saveThemedScreenshots(&pull, "decoder_shortcut_1_pull");
+    pagetest::saveThemedScreenshots(&ndi, "decoder_shortcut_3_ndi");
+    pagetest::saveThemedScreenshots(&uvc, "decoder_shortcut_2_uvc");
     showAll({});
-    pagetest::saveThemedSnapshots(&uvc, "decoder_shortcut_2_empty");
+    pagetest::saveThemedScreenshots(&uvc, "decoder_shortcut_2_empty");
     EXPECT_EQ(uvc.rowCount(), 0);
 }
 

@@ -115,26 +115,14 @@ TEST_F(EncoderRecordPageTest, DiskButtonAvailability)
     EXPECT_EQ(page.diskButton()->property("class").toString(), "v2-record-btn");
 }
 
-TEST_F(EncoderRecordPageTest, DiskIconByTypeAndLevel)
+TEST_F(EncoderRecordPageTest, DiskIconFollowsTheStatusBarTableOrFallsBackToAnUnmountedCard)
 {
-    const struct {
-        int type, level;
-        const char* icon;
-    } cases[] = {
-        {0, 1, ":/icons/statusbar/sdcard_0.svg"},
-        {0, 2, ":/icons/statusbar/sdcard_30.svg"},
-        {1, 3, ":/icons/statusbar/udisk_60.svg"},
-        {3, 4, ":/icons/statusbar/nas_full.svg"},
-        {3, 0, ":/icons/statusbar/nas_unmount.svg"},
-        {1, 9, ":/icons/statusbar/udisk_unmount.svg"},
-        {-1, 2, ":/icons/statusbar/sdcard_unmount.svg"},
-        {2, 2, ":/icons/statusbar/sdcard_unmount.svg"},
-    };
-    for (const auto& c : cases) {
-        show(0, c.type, c.level);
-        EXPECT_EQ(look(2).icon, c.icon) << c.type << "/" << c.level;
-        EXPECT_EQ(buildDiskIconPath(c.type, c.level).isEmpty(),
-                  c.type != 0 && c.type != 1 && c.type != 3);
+    // The table itself is the status bar's; the page only adds a fallback.
+    show(1, 1, 3);
+    EXPECT_EQ(look(2).icon, ":/icons/statusbar/udisk_60.svg");
+    for (int noRecordDisk : {-1, 2}) {
+        show(0, noRecordDisk, 2);
+        EXPECT_EQ(look(2).icon, ":/icons/statusbar/sdcard_unmount.svg") << noRecordDisk;
     }
 }
 
@@ -180,9 +168,11 @@ TEST_F(EncoderRecordPageTest, Gestures)
 TEST_F(EncoderRecordPageTest, Snapshots)
 {
     show(0, 0, 2);
-    pagetest::saveThemedSnapshots(&page, "encoder_shortcut_1_idle");
+    pagetest::saveThemedScreenshots(&page, "encoder_shortcut_1_idle");
+    show(1, 1, 4);
+    pagetest::saveThemedScreenshots(&page, "encoder_shortcut_1_recording");
     show(2, 1, 3);
-    pagetest::saveThemedSnapshots(&page, "encoder_shortcut_1_paused");
+    pagetest::saveThemedScreenshots(&page, "encoder_shortcut_1_paused");
     EXPECT_EQ(look(0).icon, ":/icons/shortcut/resume.svg");
 }
 
@@ -378,11 +368,11 @@ TEST_F(EncoderListPagesTest, Snapshots)
     items[1].status = 2;
     items[3].status = 7;
     showOsd(items);
-    pagetest::saveThemedSnapshots(&osd, "encoder_shortcut_2_osd");
+    pagetest::saveThemedScreenshots(&osd, "encoder_shortcut_2_osd");
     showStreams({});
-    pagetest::saveThemedSnapshots(&streams, "encoder_shortcut_3_empty");
+    pagetest::saveThemedScreenshots(&streams, "encoder_shortcut_3_empty");
     showStreams(streamItems(4));
-    pagetest::saveThemedSnapshots(&streams, "encoder_shortcut_3_streams");
+    pagetest::saveThemedScreenshots(&streams, "encoder_shortcut_3_streams");
     EXPECT_EQ(streams.rowCount(), 4);
 }
 

@@ -1,6 +1,6 @@
 #pragma once
 // Reads back what a shortcut list row shows.
-#include "surfaces_test_kit.h"
+#include "page_test_support.h"
 
 #include <QLabel>
 #include <QPushButton>
@@ -20,9 +20,9 @@ struct ShownRow {
 inline ShownRow readRow(const QPushButton* row)
 {
     ShownRow shown;
-    if (const QLabel* name = childOfClass<QLabel>(row, "v2-sys-card-label"))
+    if (const QLabel* name = firstByClass<QLabel>(row, "v2-sys-card-label"))
         shown.name = name->text();
-    if (const QLabel* status = childOfClass<QLabel>(row, "v2-shortcut-status")) {
+    if (const QLabel* status = firstByClass<QLabel>(row, "v2-shortcut-status")) {
         shown.status = status->text();
         shown.statusState = status->property("state").toString();
     }

@@ -48,7 +48,7 @@ protected:
     }
     QLabel* iconOf(int row) const
     {
-        return pagetest::childOfClass<QLabel>(page.rowButton(row), "v2-shortcut-status");
+        return pagetest::firstByClass<QLabel>(page.rowButton(row), "v2-shortcut-status");
     }
 };
 
@@ -175,9 +175,9 @@ TEST_F(QuickPageTest, LeavingGoesToTheReturnPageOrHome)
 TEST_F(QuickPageTest, Snapshots)
 {
     show(listOf({"LockLcd", "Standby", "Restart"}));
-    pagetest::saveThemedSnapshots(&page, "shortcut_list_3");
+    pagetest::saveThemedScreenshots(&page, "shortcut_list_3");
     show(listOf({"LockLcd", "Standby", "ShutDown", "Restart", "LockLcd"}));
-    pagetest::saveThemedSnapshots(&page, "shortcut_list_5");
+    pagetest::saveThemedScreenshots(&page, "shortcut_list_5");
     EXPECT_EQ(page.rowCount(), 5);
 }
 

@@ -1,7 +1,7 @@
 // Status lines of the shortcut list rows: which text and which colour state
 // each backend number gets.
+#include "page_test_support.h"
 #include "pages/shortcut_status_looks.h"
-#include "surfaces_test_kit.h"
 
 #include <gtest/gtest.h>
 

@@ -1,6 +1,6 @@
+#include "page_test_support.h"
 #include "pages/general_slider_page_widget.h"
 #include "pages/page_ids.h"
-#include "surfaces_test_kit.h"
 
 #include <QLabel>
 #include <QSignalSpy>
@@ -20,7 +20,7 @@ protected:
 
     QString shownText() const
     {
-        return pagetest::childOfClass<QLabel>(&page, "v2-slider-value")->text();
+        return pagetest::firstByClass<QLabel>(&page, "v2-slider-value")->text();
     }
     int lastCommitted() const { return confirmed.last().at(1).toInt(); }
 };
@@ -167,9 +167,9 @@ TEST(SliderPageLook, Screenshots)
     Slider page(texts.get());
     page.updateFromVm({Slider::SLIDER_LCD_BRIGHTNESS, PAGE_CAMERA_SETTINGS_3, 55});
     pagetest::showAndSettle(&page);
-    pagetest::saveThemedSnapshots(&page, "slider_brightness");
+    pagetest::saveThemedScreenshots(&page, "slider_brightness");
     page.updateFromVm({Slider::SLIDER_ENC_VOLUME, PAGE_AUDIO_SETTINGS, 80});
-    pagetest::saveThemedSnapshots(&page, "slider_encoder_volume");
+    pagetest::saveThemedScreenshots(&page, "slider_encoder_volume");
     EXPECT_EQ(page.valueText(), "+6.0 dB");
 }
 

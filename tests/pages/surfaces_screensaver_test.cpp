@@ -1,6 +1,6 @@
 // The screensaver's wandering card and its mode badge.
+#include "page_test_support.h"
 #include "pages/dynamic_screensaver_widget.h"
-#include "surfaces_test_kit.h"
 
 #include <QFrame>
 #include <QLabel>
@@ -9,14 +9,14 @@
 
 namespace {
 
-using pagetest::childOfClass;
+using pagetest::firstByClass;
 
 class ScreensaverTest : public ::testing::Test {
 protected:
     std::unique_ptr<UITextManager> texts = pagetest::makeTextManager(pagetest::kEnglish);
     DynamicScreensaverWidget saver{texts.get(), nullptr};
 
-    QFrame* card() const { return childOfClass<QFrame>(&saver, "dynamic-screensaver-card"); }
+    QFrame* card() const { return firstByClass<QFrame>(&saver, "dynamic-screensaver-card"); }
     // One tick as the running timer delivers it.
     void tick() { QMetaObject::invokeMethod(saver.animationTimer(), "timeout"); }
 };
@@ -82,16 +82,16 @@ TEST_F(ScreensaverTest, UsesTheWidgetSizeForItsBounds)
 
 TEST_F(ScreensaverTest, BadgeShowsModeOrStandbyAndEmptyTimesShowPlaceholders)
 {
-    auto* mode = childOfClass<QLabel>(&saver, "dynamic-screensaver-mode-text");
+    auto* mode = firstByClass<QLabel>(&saver, "dynamic-screensaver-mode-text");
     DynamicScreensaverVM vm;
     vm.date_text = "";
     vm.time_text = "";
     vm.work_mode = 1;
     saver.updateFromVm(vm);
     EXPECT_EQ(mode->text(), texts->getTextWithFallback("statusbar.workmode.decode"));
-    EXPECT_EQ(childOfClass<QLabel>(&saver, "dynamic-screensaver-date")->text(),
+    EXPECT_EQ(firstByClass<QLabel>(&saver, "dynamic-screensaver-date")->text(),
               QStringLiteral("----.--.--"));
-    EXPECT_EQ(childOfClass<QLabel>(&saver, "dynamic-screensaver-time")->text(),
+    EXPECT_EQ(firstByClass<QLabel>(&saver, "dynamic-screensaver-time")->text(),
               QStringLiteral("--:--:--"));
 
     vm.work_mode = 0;
@@ -103,7 +103,7 @@ TEST_F(ScreensaverTest, BadgeShowsModeOrStandbyAndEmptyTimesShowPlaceholders)
     vm.time_text = "10:11:12";
     saver.updateFromVm(vm);
     EXPECT_EQ(mode->text(), texts->getTextWithFallback("standby_page.standby"));
-    EXPECT_EQ(childOfClass<QLabel>(&saver, "dynamic-screensaver-time")->text(),
+    EXPECT_EQ(firstByClass<QLabel>(&saver, "dynamic-screensaver-time")->text(),
               QStringLiteral("10:11:12"));
 }
 
@@ -114,9 +114,9 @@ TEST_F(ScreensaverTest, Snapshot)
     vm.time_text = "12:34:56";
     saver.updateFromVm(vm);
     saver.start();
-    pagetest::saveThemedSnapshots(&saver, "screensaver");
+    pagetest::saveThemedScreenshots(&saver, "screensaver");
     saver.stop();
-    EXPECT_EQ(childOfClass<QFrame>(&saver, "dynamic-screensaver-edge")->height(), 1);
+    EXPECT_EQ(firstByClass<QFrame>(&saver, "dynamic-screensaver-edge")->height(), 1);
 }
 
 } // namespace

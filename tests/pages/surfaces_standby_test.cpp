@@ -1,8 +1,8 @@
 // The standby page and the Bluetooth pairing page.
+#include "page_test_support.h"
 #include "pages/auto_bt_page_widget.h"
 #include "pages/page_ids.h"
 #include "pages/standby_page_widget.h"
-#include "surfaces_test_kit.h"
 
 #include <QFontMetrics>
 #include <QFrame>
@@ -13,7 +13,7 @@
 
 namespace {
 
-using pagetest::childOfClass;
+using pagetest::firstByClass;
 
 class StandbyPageTest : public ::testing::Test {
 protected:
@@ -22,7 +22,7 @@ protected:
 
     QString labelText(const char* className) const
     {
-        return childOfClass<QLabel>(&page, className)->text();
+        return firstByClass<QLabel>(&page, className)->text();
     }
 };
 
@@ -49,7 +49,7 @@ TEST_F(StandbyPageTest, EmptyFieldsShowPlaceholders)
 
 TEST_F(StandbyPageTest, TextsComeFromTheLanguageAtTheNextUpdateWhenDirty)
 {
-    auto* wake = childOfClass<QPushButton>(&page, "standby-wake-button");
+    auto* wake = firstByClass<QPushButton>(&page, "standby-wake-button");
     EXPECT_EQ(wake->text(), QStringLiteral("  WAKEUP"));
     EXPECT_EQ(labelText("standby-title"), QStringLiteral("STANDBY"));
 
@@ -70,8 +70,8 @@ TEST_F(StandbyPageTest, TextsComeFromTheLanguageAtTheNextUpdateWhenDirty)
 TEST_F(StandbyPageTest, IconAndTitleAreCentredAsAPair)
 {
     page.updateFromVm(StandbyPageVM());
-    auto* title = childOfClass<QLabel>(&page, "standby-title");
-    auto* icon = childOfClass<QLabel>(&page, "standby-icon");
+    auto* title = firstByClass<QLabel>(&page, "standby-title");
+    auto* icon = firstByClass<QLabel>(&page, "standby-icon");
     const int tw = QFontMetrics(title->font()).horizontalAdvance(title->text());
     ASSERT_LT(tw + 4, 138);
     EXPECT_EQ(icon->geometry(), QRect(page.width() - 213 + (134 - tw) / 2, 31, 34, 34));
@@ -81,7 +81,7 @@ TEST_F(StandbyPageTest, IconAndTitleAreCentredAsAPair)
 TEST_F(StandbyPageTest, WakeButtonRaisesWakeRequestedAndNoGestureIsAnswered)
 {
     QSignalSpy spy(&page, &StandbyPageWidget::wakeRequested);
-    childOfClass<QPushButton>(&page, "standby-wake-button")->click();
+    firstByClass<QPushButton>(&page, "standby-wake-button")->click();
     EXPECT_EQ(spy.count(), 1);
     EXPECT_EQ(page.onSwipeLeft(0), -1);
     EXPECT_EQ(page.onSwipeDown(0), -1);
@@ -95,7 +95,7 @@ TEST_F(StandbyPageTest, Snapshot)
     vm.date_text = "2024-05-06";
     vm.time_text = "12:34:56";
     page.updateFromVm(vm);
-    pagetest::saveThemedSnapshots(&page, "standby");
+    pagetest::saveThemedScreenshots(&page, "standby");
     EXPECT_EQ(page.size(), QSize(640, 172));
 }
 
@@ -103,7 +103,7 @@ TEST(AutoBtPageTest, StatusTextsGesturesAndExit)
 {
     auto texts = pagetest::makeTextManager(pagetest::kEnglish);
     AutoBtPageWidget page(texts.get(), nullptr);
-    auto* title = childOfClass<QLabel>(&page, "bt_title");
+    auto* title = firstByClass<QLabel>(&page, "bt_title");
     ASSERT_NE(title, nullptr);
 
     const std::pair<int, const char*> cases[] = {
@@ -123,11 +123,11 @@ TEST(AutoBtPageTest, StatusTextsGesturesAndExit)
     EXPECT_EQ(page.onSwipeUp(0), -1);
 
     QSignalSpy exit(&page, &AutoBtPageWidget::exitbtRequested);
-    auto* button = childOfClass<QPushButton>(&page, "standby-wake-button");
+    auto* button = firstByClass<QPushButton>(&page, "standby-wake-button");
     EXPECT_EQ(button->text(), QStringLiteral("EXIT"));
     button->click();
     EXPECT_EQ(exit.count(), 1);
-    pagetest::saveThemedSnapshots(&page, "auto_bt");
+    pagetest::saveThemedScreenshots(&page, "auto_bt");
 }
 
 } // namespace

@@ -1,9 +1,10 @@
 // The upgrade screen's progress picture and its delayed "rebooting" line, and
 // the splash.
+#include "page_test_support.h"
 #include "pages/splash_overlay_widget.h"
 #include "pages/upgrade_widget.h"
-#include "surfaces_test_kit.h"
 
+#include <QFile>
 #include <QLabel>
 #include <QTimer>
 #include <QVariant>
@@ -44,6 +45,8 @@ TEST_F(UpgradeTest, ImageByProgress)
 
 TEST_F(UpgradeTest, ImageLevelBoundaries)
 {
+    for (int level = -1; level <= 101; ++level)
+        EXPECT_TRUE(QFile::exists(UpgradeWidget::progressImagePath(level))) << level;
     EXPECT_EQ(UpgradeWidget::progressImagePath(39), QStringLiteral(":/icons/upgrade/upgrade0.png"));
     EXPECT_EQ(UpgradeWidget::progressImagePath(40),
               QStringLiteral(":/icons/upgrade/upgrade40.png"));
@@ -97,10 +100,10 @@ TEST_F(UpgradeTest, WarningAndSnapshots)
 {
     EXPECT_EQ(upgrade.findChild<QLabel*>("upgradeWarning")->text(), text("upgrade.waring"));
     upgrade.updateFromVm(50);
-    pagetest::saveThemedSnapshots(&upgrade, "upgrade_50");
+    pagetest::saveThemedScreenshots(&upgrade, "upgrade_50");
     upgrade.updateFromVm(100);
     elapseRebootDelay();
-    pagetest::saveThemedSnapshots(&upgrade, "upgrade_rebooting");
+    pagetest::saveThemedScreenshots(&upgrade, "upgrade_rebooting");
     EXPECT_EQ(upgrade.property("class").toString(), QStringLiteral("widget2"));
 }
 
@@ -114,7 +117,7 @@ TEST(SplashTest, CoversTheScreenInBlackWithTheLogo)
     EXPECT_TRUE(splash.testAttribute(Qt::WA_StyledBackground));
     EXPECT_TRUE(splash.styleSheet().contains(QLatin1String("#000000")));
     EXPECT_EQ(logo->alignment(), Qt::AlignCenter);
-    pagetest::saveThemedSnapshots(&splash, "splash");
+    pagetest::saveThemedScreenshots(&splash, "splash");
 }
 
 } // namespace

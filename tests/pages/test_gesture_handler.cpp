@@ -47,9 +47,9 @@ TEST(GestureHandler, DispatchTellsClaimedGesturesFromDefaults)
     EXPECT_EQ(page.dispatchGesture(GestureKind::LongPress, 0), std::optional<int>(-1));
     EXPECT_EQ(page.long_presses, 1);
 
-    for (GestureKind kind : {GestureKind::SwipeRight, GestureKind::EdgeSwipeToCenter,
-                             GestureKind::SwipeUp, GestureKind::SwipeDown,
-                             GestureKind::ButtonLongPress, GestureKind::AutoSwitch})
+    for (GestureKind kind :
+         {GestureKind::SwipeRight, GestureKind::EdgeSwipeToCenter, GestureKind::SwipeUp,
+          GestureKind::SwipeDown, GestureKind::ButtonLongPress, GestureKind::AutoSwitch})
         EXPECT_FALSE(page.dispatchGesture(kind, 0).has_value()) << static_cast<int>(kind);
 
     // The marker of an unclaimed gesture doesn't leak into the next dispatch.

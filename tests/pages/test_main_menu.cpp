@@ -28,6 +28,7 @@ TEST(MainMenuPage1, ButtonsTextsAndKeysByWorkMode)
     EXPECT_EQ(spy[0][0].toString(), "VIDEO");
     EXPECT_EQ(spy[1][0].toString(), "AUDIO");
     EXPECT_EQ(spy[2][0].toString(), "STREAMING");
+    EXPECT_EQ(saveThemedScreenshots(&page, "main_menu1_encode").size(), 2);
 
     page.updateFromVm(1);
     EXPECT_EQ(page.item(2).label->text(), english("mainmenu.decoding"));
@@ -71,11 +72,12 @@ TEST(MainMenuPages, Gestures)
 {
     MainMenuPage1Widget first(texts(), nullptr);
     MainMenuPage2Widget second(texts(), nullptr);
-    EXPECT_EQ(first.dispatchGesture(GestureKind::SwipeLeft, 0), std::optional<int>(PAGE_MAIN_MENU_2));
+    EXPECT_EQ(first.dispatchGesture(GestureKind::SwipeLeft, 0),
+              std::optional<int>(PAGE_MAIN_MENU_2));
     EXPECT_EQ(second.dispatchGesture(GestureKind::SwipeRight, 1),
               std::optional<int>(PAGE_MAIN_MENU_1));
-    for (IGestureHandler* page : {static_cast<IGestureHandler*>(&first),
-                                  static_cast<IGestureHandler*>(&second)}) {
+    for (IGestureHandler* page :
+         {static_cast<IGestureHandler*>(&first), static_cast<IGestureHandler*>(&second)}) {
         EXPECT_EQ(page->onEdgeSwipeToCenter(0), PAGE_STATUS_1);
         EXPECT_EQ(page->onSwipeDown(1), PAGE_STATUS_1);
         for (GestureKind kind :

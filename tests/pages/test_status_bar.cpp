@@ -4,6 +4,8 @@
 #include "pages/page_ids.h"
 #include "pages/status_bar_widget.h"
 
+#include <QFile>
+
 #include <gtest/gtest.h>
 
 using namespace pagetest;
@@ -87,6 +89,9 @@ TEST_F(StatusBarTest, StorageIconPathByTypeAndLevel)
     EXPECT_EQ(bar.getStorageIconPath(3, 9), ":/icons/statusbar/nas_unmount.svg");
     EXPECT_EQ(bar.getStorageIconPath(2, 1), QString());
     EXPECT_EQ(bar.getStorageIconPath(-1, 1), QString());
+    for (int disk : {0, 1, 3})
+        for (int level = 0; level <= 5; ++level)
+            EXPECT_TRUE(QFile::exists(bar.getStorageIconPath(disk, level))) << disk << "/" << level;
 
     // An unknown level shows the unmounted drawing of the disk's own type.
     StatusBarVM vm = idleEncode();
@@ -106,8 +111,8 @@ TEST_F(StatusBarTest, IdleWithoutDiskShowsOnlyTheNetworkIcons)
     EXPECT_EQ(xOf("wifi_icon"), 570);
     EXPECT_EQ(xOf("eth_icon"), 540);
     EXPECT_EQ(child("eth_icon")->y(), 3);
-    for (const char* name :
-         {"divider_1", "divider_2", "rec_icon", "live_icon", "dec_icon", "sdcard_icon", "lock_icon"})
+    for (const char* name : {"divider_1", "divider_2", "rec_icon", "live_icon", "dec_icon",
+                             "sdcard_icon", "lock_icon"})
         EXPECT_FALSE(shown(name)) << name;
 }
 
@@ -258,4 +263,61 @@ TEST(StatusBarFreeSpace, KeepsToFiveFigures)
     EXPECT_EQ(StatusBarWidget::diskCapacityText(1022976), "999 GB");
     EXPECT_EQ(StatusBarWidget::diskCapacityText(1023000), "1.0 TB");
     EXPECT_EQ(StatusBarWidget::diskCapacityText(3 * 1048576LL + 524288), "3.5 TB");
+}
+
+TEST_F(StatusBarTest, FreeSpaceBelongsToTheEncoderRecordPageOnly)
+{
+    StatusBarVM vm;
+    vm.pageid = PAGE_ENCODER_SHORTCUT_1;
+    vm.is_status_page = false;
+    vm.show_record_status = true;
+    vm.disk_type = 3;
+    vm.free_space = 0;
+    bar.updateFromVm(vm);
+    EXPECT_TRUE(shown("free_space"));
+    EXPECT_EQ(child("free_space")->text(), "--");
+    EXPECT_FALSE(shown("rec_time")) << "no task runs";
+
+    // A paused task keeps its time on screen.
+    vm.record_status = 2;
+    vm.record_duration = 59;
+    bar.updateFromVm(vm);
+    EXPECT_EQ(child("rec_time")->text(), "00 : 00 : 59");
+
+    vm.work_mode = 1;
+    bar.updateFromVm(vm);
+    EXPECT_FALSE(shown("free_space")) << "the decoder records nothing";
+}
+
+TEST_F(StatusBarTest, Screenshots)
+{
+    StatusBarVM vm = idleEncode();
+    vm.disk_type = 1;
+    vm.disk_icon_level = 3;
+    vm.is_recording = true;
+    vm.is_streaming = true;
+    vm.eth_link = true;
+    vm.wifi_on = true;
+    vm.ap_on = true;
+    vm.lcd_locked = true;
+    bar.updateFromVm(vm);
+    EXPECT_EQ(saveThemedScreenshots(&bar, "status_bar_encode_busy").size(), 2);
+
+    vm.work_mode = 1;
+    vm.is_decoding = true;
+    vm.lcd_locked = false;
+    bar.updateFromVm(vm);
+    EXPECT_EQ(saveThemedScreenshots(&bar, "status_bar_decode").size(), 2);
+
+    vm = StatusBarVM();
+    vm.pageid = PAGE_ENCODER_SHORTCUT_1;
+    vm.is_status_page = false;
+    vm.context_text = "RECORD";
+    vm.show_record_status = true;
+    vm.record_status = 1;
+    vm.record_duration = 4000;
+    vm.disk_type = 0;
+    vm.free_space = 250000;
+    bar.updateFromVm(vm);
+    EXPECT_EQ(saveThemedScreenshots(&bar, "status_bar_record_page").size(), 2);
 }

@@ -25,7 +25,10 @@ protected:
         return dhcp ? dhcp : oneByClass(&page, "v2-p1-badge-static");
     }
     // Upstream value, downstream value, SSID line; the SSID line is the wide one.
-    QList<QLabel*> bandwidthValues() const { return byClass<QLabel>(&page, "v2-p1-bandwidth-value"); }
+    QList<QLabel*> bandwidthValues() const
+    {
+        return byClass<QLabel>(&page, "v2-p1-bandwidth-value");
+    }
 
     static StatusPage1VM ethernet()
     {
@@ -113,7 +116,7 @@ TEST_F(StatusPage1Test, BadgeByLinkKind)
 TEST_F(StatusPage1Test, RatesCrossOverToTheArrows)
 {
     StatusPage1VM vm = ethernet();
-    vm.up_mbps = 1.5;    // received
+    vm.up_mbps = 1.5;     // received
     vm.down_mbps = 12.25; // sent
     page.updateFromVm(vm);
     EXPECT_EQ(label("v2-p1-ip-value")->text(), "192.168.1.20");

@@ -131,8 +131,8 @@ TEST_F(StatusPage3Test, SourceCodecRateTexts)
         EXPECT_EQ(label("v2-p3-source-value")->text(), text) << type;
     }
 
-    const std::pair<int, const char*> codecs[] = {{0, "AAC"}, {1, "MP3"}, {2, "G.711A"},
-                                                  {3, "PCM"}, {7, "AAC"}};
+    const std::pair<int, const char*> codecs[] = {
+        {0, "AAC"}, {1, "MP3"}, {2, "G.711A"}, {3, "PCM"}, {7, "AAC"}};
     for (const auto& [codec, text] : codecs) {
         StatusPage3VM vm;
         vm.codec = codec;

@@ -5,10 +5,12 @@
 
 // The last built instance of one view model. `update` stores a fresh build
 // and says whether it differs from the one before, so that the window can
-// skip the repaint of a page whose data did not change.
+// skip the repaint of a page whose data did not change. Several stores may
+// share one mutex, which then guards all of them.
 template <class VM> class StoredViewModel {
 public:
-    StoredViewModel() = default;
+    StoredViewModel() : mutex_(own_mutex_) {}
+    explicit StoredViewModel(QMutex& shared_mutex) : mutex_(shared_mutex) {}
     StoredViewModel(const StoredViewModel&) = delete;
     StoredViewModel& operator=(const StoredViewModel&) = delete;
 
@@ -45,6 +47,7 @@ public:
     }
 
 private:
-    mutable QMutex mutex_;
+    QMutex own_mutex_;
+    QMutex& mutex_;
     VM stored_{};
 };

@@ -1,6 +1,8 @@
 #pragma once
 
 #include <QString>
+// Callers set the dynamic properties themselves too; QVariant makes that work.
+#include <QVariant>
 
 class QWidget;
 
