@@ -1,0 +1,27 @@
+// The front-panel program: one full-screen window on the strip LCD.
+#include "shell/widget.h"
+#include "ui/panel_resources.h"
+#include "ui/screen_capture.h"
+
+#include <QApplication>
+
+int main(int argc, char* argv[])
+{
+    // Touch and mouse are never turned into each other: the panel reads raw
+    // touch and has no mouse.
+    QCoreApplication::setAttribute(Qt::AA_SynthesizeTouchForUnhandledMouseEvents, false);
+    QCoreApplication::setAttribute(Qt::AA_SynthesizeMouseForUnhandledTouchEvents, false);
+
+    auto* app = new QApplication(argc, argv);
+    initPanelResources();
+    // The window shows itself while it builds its pages.
+    auto* window = new Widget(nullptr);
+    // Off the device a headless run can be watched through periodic pictures.
+    ScreenCapture* capture = ScreenCapture::fromEnvironment(window);
+
+    const int rc = app->exec();
+    delete capture;
+    delete window;
+    delete app;
+    return rc;
+}
