@@ -6,6 +6,7 @@
 #include "ui/text_manager.h"
 
 #include <QCoreApplication>
+#include <QFontMetrics>
 #include <QLabel>
 #include <QVariant>
 
@@ -176,7 +177,25 @@ void StatusBarWidget::applyPageContext(const StatusBarVM& vm)
     mode_label->setVisible(onStatusPage);
     context_label->setVisible(!onStatusPage);
     if (!onStatusPage)
-        context_label->setText(vm.context_text);
+        context_label->setText(fittedContextText(vm.context_text));
+}
+
+// A deep breadcrumb ("Menu » group » title") can be wider than its label; the
+// end names the page the user is on, so the leading steps give way first,
+// whole, and only a last step that still doesn't fit is cut.
+QString StatusBarWidget::fittedContextText(const QString& text) const
+{
+    context_label->ensurePolished();
+    const QFontMetrics metrics(context_label->font());
+    const int room = context_label->width() - kContextTextMargin;
+    QString fitted = text;
+    while (metrics.horizontalAdvance(fitted) > room) {
+        const int separator = fitted.indexOf(QChar(0x00BB));
+        if (separator < 0)
+            return metrics.elidedText(fitted, Qt::ElideLeft, room);
+        fitted = fitted.mid(separator + 1).trimmed();
+    }
+    return fitted;
 }
 
 void StatusBarWidget::applyWorkMode(const StatusBarVM& vm)

@@ -33,6 +33,9 @@ public slots:
 private:
     void createComponents();
     void applyPageContext(const StatusBarVM& vm);
+    QString fittedContextText(const QString& text) const;
+    // Glyphs may reach a pixel or two past their advance.
+    static constexpr int kContextTextMargin = 4;
     void applyWorkMode(const StatusBarVM& vm);
     void applyOperationStatus(const StatusBarVM& vm);
     void applyHardwareStatus(const StatusBarVM& vm);

@@ -6,6 +6,8 @@
 
 #include <QFile>
 
+#include <QFontMetrics>
+
 #include <gtest/gtest.h>
 
 using namespace pagetest;
@@ -56,6 +58,24 @@ TEST_F(StatusBarTest, StatusPagesShowTheModeOthersTheContext)
     EXPECT_FALSE(shown("mode"));
     EXPECT_TRUE(shown("context"));
     EXPECT_EQ(child("context")->text(), "SYSTEM > 1/4");
+
+    // A breadcrumb wider than the bar drops its leading steps, keeping the page's own title.
+    vm.context_text = QStringLiteral("Menu \u00bb ") + QString(40, QLatin1Char('W'))
+                      + QStringLiteral(" \u00bb Brightness of the picture");
+    bar.updateFromVm(vm);
+    EXPECT_EQ(child("context")->text(), "Brightness of the picture");
+    vm.context_text =
+        QString(40, QLatin1Char('W')) + QStringLiteral(" \u00bb Camera \u00bb Brightness");
+    bar.updateFromVm(vm);
+    EXPECT_EQ(child("context")->text(), QStringLiteral("Camera \u00bb Brightness"));
+    // A single step too long for the bar is cut at its start.
+    vm.context_text = QString(60, QLatin1Char('W')) + QStringLiteral("end");
+    bar.updateFromVm(vm);
+    const QString shownText = child("context")->text();
+    EXPECT_TRUE(shownText.startsWith(QChar(0x2026)));
+    EXPECT_TRUE(shownText.endsWith("end"));
+    EXPECT_LE(QFontMetrics(child("context")->font()).horizontalAdvance(shownText),
+              child("context")->width());
 }
 
 TEST_F(StatusBarTest, NetworkIconsFollowTheLinks)
