@@ -1,6 +1,8 @@
 // The info/control function pair of every backend domain, driven by three
 // tables: the domain's module and status map, the operations that need a
 // longer time-out, and the operations whose empty reply counts as success.
+// The AI domain shares only the info function: its service answers in forms
+// of its own, so its control function lives with the AI operations.
 #include "link/zmq_sub_worker.h"
 
 #include "transport/harvelin_log.h"
@@ -51,13 +53,11 @@ struct OperationMatch {
     ApiDomain domain;
     const char* group;
     const char* opt;
-    const char* path; // the AI domain addresses operations by path
 };
 
 struct RequestKeys {
     std::string group;
     std::string opt;
-    std::string path;
 };
 
 std::string stringOr(const json& request, const char* key)
@@ -69,7 +69,7 @@ std::string stringOr(const json& request, const char* key)
 bool matches(const OperationMatch& m, ApiDomain domain, const RequestKeys& keys)
 {
     return m.domain == domain && (!m.group || keys.group == m.group)
-           && (!m.opt || keys.opt == m.opt) && (!m.path || keys.path == m.path);
+           && (!m.opt || keys.opt == m.opt);
 }
 
 struct LongTimeout {
@@ -79,20 +79,18 @@ struct LongTimeout {
 
 // Operations that switch hardware or services on and off take a while.
 const LongTimeout kLongTimeouts[] = {
-    {{ApiDomain::System, "workmode", "change_workmode", nullptr}, 3000},
-    {{ApiDomain::Network, "wifi", "wifi_switch", nullptr}, 3000},
-    {{ApiDomain::Network, "ap", "ap_switch", nullptr}, 3000},
-    {{ApiDomain::Stream, "publish", "update_publish_switch", nullptr}, 10000},
-    {{ApiDomain::Ai, nullptr, nullptr, "/ai/ai_tracking/tracking_enable"}, 3000},
-    {{ApiDomain::Ai, nullptr, nullptr, "/ai/image_matting/im_enable"}, 3000},
-    {{ApiDomain::Record, nullptr, "set_task_enable", nullptr}, 10000},
-    {{ApiDomain::StreamPlay, "set_streamplay_info", "streamplay_switch", nullptr}, 7000},
-    {{ApiDomain::StreamPlay, "set_streamplay_ndi_info", "ndi_recv", nullptr}, 7000},
-    {{ApiDomain::StreamPlay, "set_streamplay_ndi_info", "ndi_close", nullptr}, 7000},
-    {{ApiDomain::StreamPlay, "set_streamplay_servers_info", "play_switch", nullptr}, 7000},
-    {{ApiDomain::StreamPlay, "set_streamplay_srtserver_info", "server_switch", nullptr}, 7000},
-    {{ApiDomain::Mediaplayer, "uvc", "uvc_open", nullptr}, 7000},
-    {{ApiDomain::Mediaplayer, "uvc", "uvc_close", nullptr}, 7000},
+    {{ApiDomain::System, "workmode", "change_workmode"}, 3000},
+    {{ApiDomain::Network, "wifi", "wifi_switch"}, 3000},
+    {{ApiDomain::Network, "ap", "ap_switch"}, 3000},
+    {{ApiDomain::Stream, "publish", "update_publish_switch"}, 10000},
+    {{ApiDomain::Record, nullptr, "set_task_enable"}, 10000},
+    {{ApiDomain::StreamPlay, "set_streamplay_info", "streamplay_switch"}, 7000},
+    {{ApiDomain::StreamPlay, "set_streamplay_ndi_info", "ndi_recv"}, 7000},
+    {{ApiDomain::StreamPlay, "set_streamplay_ndi_info", "ndi_close"}, 7000},
+    {{ApiDomain::StreamPlay, "set_streamplay_servers_info", "play_switch"}, 7000},
+    {{ApiDomain::StreamPlay, "set_streamplay_srtserver_info", "server_switch"}, 7000},
+    {{ApiDomain::Mediaplayer, "uvc", "uvc_open"}, 7000},
+    {{ApiDomain::Mediaplayer, "uvc", "uvc_close"}, 7000},
 };
 
 struct ForgivenEmptyReply {
@@ -103,12 +101,11 @@ struct ForgivenEmptyReply {
 // The daemon may restart or drop the link while it carries these out, so
 // silence is the expected answer.
 const ForgivenEmptyReply kForgivenEmptyReplies[] = {
-    {{ApiDomain::System, "syscontrol", "power_off", nullptr}, nullptr},
-    {{ApiDomain::System, "syscontrol", "power_on", nullptr}, nullptr},
-    {{ApiDomain::Network, "wifi", "wifi_switch", nullptr}, "switch"},
-    {{ApiDomain::Stream, "set_srt_local_switch", nullptr, nullptr}, "switch"},
-    {{ApiDomain::StreamPlay, "set_streamplay_srtserver_info", "server_switch", nullptr},
-     "server_switch"},
+    {{ApiDomain::System, "syscontrol", "power_off"}, nullptr},
+    {{ApiDomain::System, "syscontrol", "power_on"}, nullptr},
+    {{ApiDomain::Network, "wifi", "wifi_switch"}, "switch"},
+    {{ApiDomain::Stream, "set_srt_local_switch", nullptr}, "switch"},
+    {{ApiDomain::StreamPlay, "set_streamplay_srtserver_info", "server_switch"}, "server_switch"},
 };
 
 int timeoutFor(ApiDomain domain, const RequestKeys& keys)
@@ -166,8 +163,7 @@ int ZmqSubWorker::sendDomainApiControl(ApiDomain domain, const json& request)
 {
     try {
         const json copy = stamped(domain, request);
-        const RequestKeys keys{stringOr(copy, "group"), stringOr(copy, "opt"),
-                               stringOr(copy, "path")};
+        const RequestKeys keys{stringOr(copy, "group"), stringOr(copy, "opt")};
         const bool forgiven = emptyReplyForgiven(domain, keys, copy);
         const std::string reply = sendZmqRequest(copy, timeoutFor(domain, keys));
         if (reply.empty() && forgiven)
@@ -179,11 +175,14 @@ int ZmqSubWorker::sendDomainApiControl(ApiDomain domain, const json& request)
     }
 }
 
-#define ZMQ_DOMAIN_API_PAIR(Name, Domain)                                                          \
+#define ZMQ_DOMAIN_API_INFO(Name, Domain)                                                          \
     std::string ZmqSubWorker::get##Name##ApiInfo(const json& request)                              \
     {                                                                                              \
         return getDomainApiInfo(ApiDomain::Domain, request);                                       \
-    }                                                                                              \
+    }
+
+#define ZMQ_DOMAIN_API_PAIR(Name, Domain)                                                          \
+    ZMQ_DOMAIN_API_INFO(Name, Domain)                                                              \
     int ZmqSubWorker::send##Name##ApiControl(const json& request)                                  \
     {                                                                                              \
         return sendDomainApiControl(ApiDomain::Domain, request);                                   \
@@ -195,7 +194,7 @@ ZMQ_DOMAIN_API_PAIR(Video, Video)
 ZMQ_DOMAIN_API_PAIR(Audio, Audio)
 ZMQ_DOMAIN_API_PAIR(Stream, Stream)
 ZMQ_DOMAIN_API_PAIR(Osd, Osd)
-ZMQ_DOMAIN_API_PAIR(Ai, Ai)
+ZMQ_DOMAIN_API_INFO(Ai, Ai)
 ZMQ_DOMAIN_API_PAIR(Record, Record)
 ZMQ_DOMAIN_API_PAIR(Storage, Storage)
 ZMQ_DOMAIN_API_PAIR(StreamPlay, StreamPlay)
@@ -203,3 +202,4 @@ ZMQ_DOMAIN_API_PAIR(Mediaplayer, Mediaplayer)
 ZMQ_DOMAIN_API_PAIR(Ptzctrl, Ptzctrl)
 
 #undef ZMQ_DOMAIN_API_PAIR
+#undef ZMQ_DOMAIN_API_INFO

@@ -34,7 +34,7 @@ json pathRequest(const char* path, const char* key, int value)
 // service answers.
 int sendMattingUpdate(ZmqSubWorker& worker, const char* key, int value)
 {
-    return zmqapi::sendWithState(worker, &ZmqSubWorker::getGskInfo, &ZmqSubWorker::sendAiControl,
+    return zmqapi::sendWithState(worker, &ZmqSubWorker::getGskInfo, &ZmqSubWorker::sendAiApiControl,
                                  pathRequest(kMattingUpdatePath, key, value),
                                  [](json&, const json&) {});
 }
@@ -44,7 +44,7 @@ int sendMattingUpdate(ZmqSubWorker& worker, const char* key, int value)
 int sendTrackingChange(ZmqSubWorker& worker, const char* key, int value)
 {
     return zmqapi::sendWithState(
-        worker, &ZmqSubWorker::getAiTrackingInfo, &ZmqSubWorker::sendAiControl,
+        worker, &ZmqSubWorker::getAiTrackingInfo, &ZmqSubWorker::sendAiApiControl,
         pathRequest(kTrackingUpdatePath, key, value), [&](json& req, const json& state) {
             json configure = json::object();
             if (state.is_object()) {
@@ -63,7 +63,7 @@ int sendTrackingChange(ZmqSubWorker& worker, const char* key, int value)
 
 } // namespace
 
-int ZmqSubWorker::sendAiControl(const json& request)
+int ZmqSubWorker::sendAiApiControl(const json& request)
 {
     json copy = request;
     try {
@@ -114,12 +114,12 @@ int ZmqSubWorker::reduceAiControlReply(const std::string& reply, const json& req
 
 int ZmqSubWorker::setAiTrackingSelectObj(int track_id)
 {
-    return sendAiControl(pathRequest("/ai/ai_tracking/select_obj", "track_id", track_id));
+    return sendAiApiControl(pathRequest("/ai/ai_tracking/select_obj", "track_id", track_id));
 }
 
 int ZmqSubWorker::setGskEnable(int im_enable)
 {
-    return sendAiControl(pathRequest(kMattingEnablePath, "im_enable", im_enable));
+    return sendAiApiControl(pathRequest(kMattingEnablePath, "im_enable", im_enable));
 }
 
 int ZmqSubWorker::setGskBgColor(int bgcolor_id)
@@ -143,7 +143,7 @@ int ZmqSubWorker::setGskMinBgCf(int min_bg_cf)
 int ZmqSubWorker::setAiEnable(int nn_enable)
 {
     return zmqapi::sendWithState(
-        *this, &ZmqSubWorker::getAiTrackingInfo, &ZmqSubWorker::sendAiControl,
+        *this, &ZmqSubWorker::getAiTrackingInfo, &ZmqSubWorker::sendAiApiControl,
         pathRequest(kTrackingEnablePath, "nn_enable", nn_enable), [](json& req, const json& state) {
             if (!state.is_object() || !state.contains("nn_type") || state["nn_type"].is_null()) {
                 return zmqapi::kFailure;

@@ -29,36 +29,17 @@ protected:
     }
 };
 
+// Each domain's map is tested against scripted replies; here the injected
+// code comes from the simulator's own fault table.
 TEST_F(SimFaultTest, InjectedCodesArriveAsTheDomainsValues)
 {
     expectStatuses({
         {"system", "status set_fan_mode 80011", [](AppManager& a) { return a.setFanMode(2); },
          -401},
-        {"network", "status ap_switch 70016", [](AppManager& a) { return a.setApSwitch(1); }, -301},
-        {"video", "status ndi_switch 130001", [](AppManager& a) { return a.setEncNdiSwitch(1); },
-         -801},
         {"stream", "status update_publish_switch 60007",
          [](AppManager& a) { return a.setEncNetStreamSwitch(0, 1); }, -201},
-        {"osd known", "status set_layout_switch 120006",
-         [](AppManager& a) { return a.setOsdLayoutSwitch(2, 1); }, -2},
-        {"osd unknown", "status set_layout_switch 120010",
-         [](AppManager& a) { return a.setOsdLayoutSwitch(2, 1); }, -3},
-        {"record", "status set_task_enable 100001",
-         [](AppManager& a) { return a.setRecordTaskEnable("sdcard_0", 1); }, -5},
-        {"record knows no storage code", "status set_task_enable 100003",
-         [](AppManager& a) { return a.setRecordTaskEnable("sdcard_0", 1); }, -3},
-        {"storage", "status nas_mount 100003", [](AppManager& a) { return a.setNasMount(1); },
-         -601},
-        {"stream play", "status ndi_find 140005", [](AppManager& a) { return a.findDecNdi(); },
-         -901},
-        {"media player", "status uvc_close 150009",
-         [](AppManager& a) { return a.setDecUvcClose(0); }, -1001},
-        {"ptz", "status set_client_info invalid_protocol",
-         [](AppManager& a) { return a.setPtzProtocol(1); }, -2},
         {"ai", "status /ai/image_matting/im_enable 9",
          [](AppManager& a) { return a.setGskEnable(1); }, -1},
-        {"general before domain", "status set_fan_mode 000000",
-         [](AppManager& a) { return a.setFanMode(2); }, 1},
         {"every operation", "status * 2", [](AppManager& a) { return a.setTallySwitch(0); }, -101},
     });
     // An injected answer stands in for the device: nothing changed.
@@ -66,23 +47,13 @@ TEST_F(SimFaultTest, InjectedCodesArriveAsTheDomainsValues)
     EXPECT_EQ(simAt("/stream/publish/0/switch"), 0);
 }
 
-// A held reply is silence to the panel: it waits out its time-out.
-TEST_F(SimFaultTest, SilenceIsSuccessOnlyWhereTheDaemonMayGoAway)
+// A held reply is silence to the panel: it waits out its time-out, which
+// counts as success only where the daemon may go away.
+TEST_F(SimFaultTest, HeldReplyIsSilence)
 {
     expectStatuses({
-        {"standby", "hang power_off 1500", [](AppManager& a) { return a.setStandby(); }, 0},
-        {"wake", "hang power_on 1500", [](AppManager& a) { return a.exitStandby(); }, 0},
-        {"fan", "hang set_fan_mode 1500", [](AppManager& a) { return a.setFanMode(2); }, -3},
-        {"srt on", "hang set_srt_local_switch 1500",
-         [](AppManager& a) { return a.setEncSrtServerSwitch(1); }, 0},
-        {"srt off", "hang set_srt_local_switch 1500",
-         [](AppManager& a) { return a.setEncSrtServerSwitch(0); }, -3},
-        {"wifi on", "hang wifi_switch 3500", [](AppManager& a) { return a.setWifiSwitch(1); }, 0},
-        {"wifi off", "hang wifi_switch 3500", [](AppManager& a) { return a.setWifiSwitch(0); }, -3},
-        {"ap on", "hang ap_switch 3500", [](AppManager& a) { return a.setApSwitch(1); }, -3},
-        {"ai", "hang /ai/ai_tracking/select_obj 1500",
-         [](AppManager& a) { return a.subWorker()->setAiTrackingSelectObj(1); }, -3},
-        {"a read", "hang get_fan_mode 1500", [](AppManager& a) { return a.getFanMode(); }, -3},
+        {"standby", "hang power_off 1100", [](AppManager& a) { return a.setStandby(); }, 0},
+        {"fan", "hang set_fan_mode 1100", [](AppManager& a) { return a.setFanMode(2); }, -3},
     });
 }
 
@@ -101,12 +72,10 @@ TEST_F(SimFaultTest, ZeroLengthReplyIsAFailureEvenWhereSilenceIsForgiven)
 TEST_F(SimFaultTest, DelayedAnswersAndTheLongWaits)
 {
     expectStatuses({
-        {"work mode waits 3 s", "delay change_workmode 1500",
+        {"work mode waits 3 s", "delay change_workmode 1200",
          [](AppManager& a) { return a.setWorkMode(1); }, 0},
-        {"usb otg waits 1 s", "delay set_usb_otg_id 1500",
+        {"usb otg waits 1 s", "delay set_usb_otg_id 1200",
          [](AppManager& a) { return a.setUsbOtgMode(1); }, -3},
-        {"a short delay", "delay set_fan_mode 300", [](AppManager& a) { return a.setFanMode(2); },
-         0},
     });
     // The late answers were carried out all the same; the panel just didn't wait.
     EXPECT_TRUE(testsupport::waitUntil([&] { return simAt("/system/usb_otg_id") == 1; }));
@@ -120,11 +89,11 @@ TEST_F(SimFaultTest, FailedReadBeforeAWriteSendsNothing)
     EXPECT_EQ(app->setDcOutSwitch(1), -3);
     control("status all 90001");
     EXPECT_EQ(app->setAudioEncVolume(10), -3);
-    control("hang get_list_info 1500");
+    control("empty get_list_info");
     EXPECT_EQ(app->setDecUvcOpen(0), -3);
-    EXPECT_TRUE(webRequestsOf("set_dcout_status").empty());
-    EXPECT_TRUE(webRequestsOf("audio").empty());
-    EXPECT_TRUE(webRequestsOf("uvc_open").empty());
+    EXPECT_EQ(webRequestsOf("set_dcout_status"), 0);
+    EXPECT_EQ(webRequestsOf("audio"), 0);
+    EXPECT_EQ(webRequestsOf("uvc_open"), 0);
 }
 
 // Changes made to the device from outside reach the panel by its topics.

@@ -90,30 +90,22 @@ TEST_F(GestureGuideCounterTest, ForceShowShowsOncePerRunWithoutCounting)
     EXPECT_EQ(counter.guidesSeen(), (QSet<int>{0, 1}));
 }
 
-TEST_F(GestureGuideCounterTest, AFailedReadShowsNothingAndTriesAgainNextTime)
+TEST(GestureGuideCounterFailures, AFailedReadOrWriteShowsNothingAndTriesAgainNextTime)
 {
-    useRecord(R"({"force_show": 0, "shown_counts": [0, 0, 0, 0], "max_count": 3})");
-    backend.readResult = -3;
+    for (int FakeGuideRecord::*result :
+         {&FakeGuideRecord::readResult, &FakeGuideRecord::writeResult}) {
+        FakeGuideRecord backend;
+        backend.record =
+            json::parse(R"({"force_show": 0, "shown_counts": [0, 0, 0, 0], "max_count": 3})");
+        GestureGuideCounter counter{backend.access()};
+        backend.*result = -3;
+        EXPECT_FALSE(counter.admit(0, true));
+        EXPECT_TRUE(counter.guidesSeen().isEmpty());
 
-    EXPECT_FALSE(counter.admit(0, true));
-    EXPECT_TRUE(counter.guidesSeen().isEmpty());
-
-    backend.readResult = 0;
-    EXPECT_TRUE(counter.admit(0, true));
-    EXPECT_EQ(backend.reads, 2);
-}
-
-TEST_F(GestureGuideCounterTest, AFailedWriteShowsNothingAndTriesAgainNextTime)
-{
-    useRecord(R"({"force_show": 0, "shown_counts": [0, 0, 0, 0], "max_count": 3})");
-    backend.writeResult = -3;
-
-    EXPECT_FALSE(counter.admit(0, true));
-    EXPECT_TRUE(counter.guidesSeen().isEmpty());
-
-    backend.writeResult = 0;
-    EXPECT_TRUE(counter.admit(0, true));
-    EXPECT_EQ(backend.record["shown_counts"][0], 1);
+        backend.*result = 0;
+        EXPECT_TRUE(counter.admit(0, true));
+        EXPECT_EQ(backend.record["shown_counts"][0], 1);
+    }
 }
 
 TEST_F(GestureGuideCounterTest, AShortCountListIsPaddedWithZeros)

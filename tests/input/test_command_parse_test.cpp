@@ -1,5 +1,6 @@
 // How one command line becomes calls on the shell.
 #include "input/vantor_test_command_interface.h"
+#include "support/qt_capture.h"
 #include "test_command_recorder.h"
 
 #include <gtest/gtest.h>
@@ -102,14 +103,6 @@ INSTANTIATE_TEST_SUITE_P(
         CommandCase{"gesture_name_is_not_a_command", "swipe_left", kNothing}),
     [](const auto& info) { return std::string(info.param.name); });
 
-std::string capturedStdout(const std::function<void()>& action)
-{
-    testing::internal::CaptureStdout();
-    action();
-    fflush(stdout);
-    return testing::internal::GetCapturedStdout();
-}
-
 TEST(CommandTap, WithoutAButtonAtThePointNothingIsTapped)
 {
     TestCommandRecorder shell;
@@ -125,7 +118,8 @@ TEST(CommandLog, EachCommandIsLoggedInItsSimplifiedForm)
     TestCommandRecorder shell;
     VantorTestCommandInterface commands(&shell);
 
-    const std::string out = capturedStdout([&] { commands.executeCommand("  swipe   left "); });
+    const std::string out =
+        testsupport::capturedStdout([&] { commands.executeCommand("  swipe   left "); });
 
     EXPECT_NE(out.find("Vantor test command: swipe left\n"), std::string::npos) << out;
 }
@@ -136,7 +130,7 @@ TEST(CommandLog, PageLogsTheCurrentPageOfTheShell)
     shell.currentPage = 32;
     VantorTestCommandInterface commands(&shell);
 
-    const std::string out = capturedStdout([&] { commands.executeCommand("page"); });
+    const std::string out = testsupport::capturedStdout([&] { commands.executeCommand("page"); });
 
     EXPECT_NE(out.find("Vantor current page: 32\n"), std::string::npos) << out;
 }

@@ -1,5 +1,6 @@
 // The named pipe: when it is opened, how it is made, and how bytes become lines.
 #include "input/vantor_test_command_interface.h"
+#include "support/qt_capture.h"
 #include "support/test_support.h"
 #include "test_command_recorder.h"
 
@@ -19,15 +20,9 @@
 
 namespace {
 
+using testsupport::capturedStdout;
+using testsupport::ScopedEnv;
 using testsupport::waitUntil;
-
-std::string capturedStdout(const std::function<void()>& action)
-{
-    testing::internal::CaptureStdout();
-    action();
-    fflush(stdout);
-    return testing::internal::GetCapturedStdout();
-}
 
 bool isFifo(const std::string& path)
 {

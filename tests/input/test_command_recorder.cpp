@@ -27,20 +27,3 @@ void TestCommandRecorder::refreshPage(int pageid)
 {
     calls << QStringLiteral("refresh:%1").arg(pageid);
 }
-
-ScopedEnv::ScopedEnv(const char* variable, const char* value)
-    : name(variable), oldValue(qgetenv(variable)), hadValue(qEnvironmentVariableIsSet(variable))
-{
-    if (value)
-        qputenv(variable, value);
-    else
-        qunsetenv(variable);
-}
-
-ScopedEnv::~ScopedEnv()
-{
-    if (hadValue)
-        qputenv(name.constData(), oldValue);
-    else
-        qunsetenv(name.constData());
-}

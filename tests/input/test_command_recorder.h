@@ -2,7 +2,6 @@
 
 #include "input/test_command_target.h"
 
-#include <QByteArray>
 #include <QStringList>
 
 class QPushButton;
@@ -29,19 +28,4 @@ public:
     void refreshPage(int pageid) override;
     void hideGestureGuideOverlay() override { calls << "hideGuide"; }
     int get_current_pageid() const override { return currentPage; }
-};
-
-// Sets (or, with a null value, unsets) an environment variable for the life of
-// the object and puts the old value back afterwards.
-class ScopedEnv {
-public:
-    ScopedEnv(const char* name, const char* value);
-    ~ScopedEnv();
-    ScopedEnv(const ScopedEnv&) = delete;
-    ScopedEnv& operator=(const ScopedEnv&) = delete;
-
-private:
-    QByteArray name;
-    QByteArray oldValue;
-    bool hadValue;
 };

@@ -128,16 +128,16 @@ TEST_F(GetWorkerTest, PageChangeTakesEffectAtTheNextTick)
 
 TEST_F(GetWorkerTest, SuccessfulReadsAreStoredWithTheirFlags)
 {
-    env.web_script.on("get_lcd_info", succeed({{"lock_stat", 1}, {"lcd_bright", 80}}));
-    env.web_script.on("get_ndi_info",
-                      succeed({{"switch", 1}, {"mode_id", 2}, {"machinename", "cam-a"}}));
-    env.web_script.on("get_present_storage", succeed({{"storage_id", 3}}));
-    env.web_script.on("get_dcout_status", succeed({{"switch", 1}, {"voltage", 2}}));
-    env.web_script.on(
+    env.web.reply("get_lcd_info", succeed({{"lock_stat", 1}, {"lcd_bright", 80}}));
+    env.web.reply("get_ndi_info",
+                  succeed({{"switch", 1}, {"mode_id", 2}, {"machinename", "cam-a"}}));
+    env.web.reply("get_present_storage", succeed({{"storage_id", 3}}));
+    env.web.reply("get_dcout_status", succeed({{"switch", 1}, {"voltage", 2}}));
+    env.web.reply(
         "get_nas_info_list",
         succeed({{{"name", "share"}, {"switch", 1}, {"status", 2}}, "skip", {{"name", "backup"}}}));
-    env.web_script.on("get_ap_info", succeed({{"ssid", "box-ap"}, {"psk", "secret"}}));
-    env.web_script.on("get_app_connection_status", succeed({{"connect_status", 1}}));
+    env.web.reply("get_ap_info", succeed({{"ssid", "box-ap"}, {"psk", "secret"}}));
+    env.web.reply("get_app_connection_status", succeed({{"connect_status", 1}}));
     tickReads(5);
     tickReads(11);
     tickReads(32);
@@ -169,16 +169,16 @@ TEST_F(GetWorkerTest, SuccessfulReadsAreStoredWithTheirFlags)
 
 TEST_F(GetWorkerTest, RtmpSwitchReadFromObjectOrFirstListElement)
 {
-    env.web_script.on("get_servers_info", succeed({{{"switch", 1}}, {{"switch", 0}}}));
+    env.web.reply("get_servers_info", succeed({{{"switch", 1}}, {{"switch", 0}}}));
     tickReads(20);
     EXPECT_TRUE(getCache().dec_rtmp_valid);
     EXPECT_EQ(getCache().dec_rtmp_switch, 1);
-    env.web_script.on("get_servers_info", succeed({{"switch", 0}}));
+    env.web.reply("get_servers_info", succeed({{"switch", 0}}));
     tickReads(20);
     EXPECT_EQ(getCache().dec_rtmp_switch, 0);
-    env.web_script.on("get_servers_info", succeed({{"switch", 1}}));
+    env.web.reply("get_servers_info", succeed({{"switch", 1}}));
     tickReads(20);
-    env.web_script.on("get_servers_info", succeed(7));
+    env.web.reply("get_servers_info", succeed(7));
     tickReads(20);
     EXPECT_EQ(getCache().dec_rtmp_switch, 0) << "any other non-empty value reads as off";
 }
@@ -186,13 +186,13 @@ TEST_F(GetWorkerTest, RtmpSwitchReadFromObjectOrFirstListElement)
 TEST_F(GetWorkerTest, DecoderReportNeedsItsInnerDataObject)
 {
     setWorkMode(1);
-    env.media_script.on("get_decoder_info", {{"msg", "success"},
-                                             {"data",
-                                              {{"data",
-                                                {{"name", "cam \xc3\xa9"},
-                                                 {"framerate", 59.94},
-                                                 {"width", 1920},
-                                                 {"streamplay_status", 1}}}}}});
+    env.media.reply("get_decoder_info", {{"msg", "success"},
+                                         {"data",
+                                          {{"data",
+                                            {{"name", "cam \xc3\xa9"},
+                                             {"framerate", 59.94},
+                                             {"width", 1920},
+                                             {"streamplay_status", 1}}}}}});
     tickReads(30);
     ZmqGetCache c = getCache();
     ASSERT_TRUE(c.decoder_valid);
@@ -202,20 +202,20 @@ TEST_F(GetWorkerTest, DecoderReportNeedsItsInnerDataObject)
     EXPECT_EQ(c.dec_height, 0);
     EXPECT_EQ(c.dec_streamplay_status, 1);
 
-    env.media_script.on("get_decoder_info", {{"msg", "success"}, {"data", {{"name", "flat"}}}});
+    env.media.reply("get_decoder_info", {{"msg", "success"}, {"data", {{"name", "flat"}}}});
     tickReads(30);
     EXPECT_EQ(getCache().dec_name, QString::fromUtf8("cam \xc3\xa9"));
 }
 
 TEST_F(GetWorkerTest, FailedOrEmptyReadsKeepDataAndFlags)
 {
-    env.web_script.on("get_lcd_info", succeed({{"lock_stat", 1}, {"lcd_bright", 50}}));
+    env.web.reply("get_lcd_info", succeed({{"lock_stat", 1}, {"lcd_bright", 50}}));
     tickReads(30);
     ASSERT_TRUE(getCache().lcd_valid);
 
     for (const json& reply : {json({{"rsp", "fail"}}), succeed(json::object()),
                               succeed(json::array()), succeed(nullptr)}) {
-        env.web_script.on("get_lcd_info", reply);
+        env.web.reply("get_lcd_info", reply);
         tickReads(30);
         const ZmqGetCache c = getCache();
         EXPECT_TRUE(c.lcd_valid) << reply.dump();
@@ -228,12 +228,12 @@ TEST_F(GetWorkerTest, FailedOrEmptyReadsKeepDataAndFlags)
 
 TEST_F(GetWorkerTest, MalformedValueFailsOnlyItsOwnRefresh)
 {
-    env.web_script.on("get_lcd_info", succeed({{"lock_stat", "locked"}}));
-    env.web_script.on("get_ndi_info", succeed({{"switch", 1}}));
+    env.web.reply("get_lcd_info", succeed({{"lock_stat", "locked"}}));
+    env.web.reply("get_ndi_info", succeed({{"switch", 1}}));
     tickReads(30);
     EXPECT_FALSE(getCache().lcd_valid);
     EXPECT_TRUE(getCache().enc_ndi_valid);
-    env.web_script.on("get_nas_info_list", succeed({{"name", "not a list"}}));
+    env.web.reply("get_nas_info_list", succeed({{"name", "not a list"}}));
     tickReads(11);
     EXPECT_FALSE(getCache().nas_valid);
 }

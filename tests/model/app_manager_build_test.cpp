@@ -2,7 +2,7 @@
 // compares and stores, the work mode and the flags it reads, its cached
 // questions, and that builds read caches rather than the backend.
 #include "link/zmq_get_cache.h"
-#include "model_sim_backend.h"
+#include "support/sim/sim_fixture.h"
 
 #include <gtest/gtest.h>
 
@@ -23,6 +23,14 @@ void changeCaches(ZmqSubWorker& worker, const CacheChange& change)
     change(sub, get);
     worker.updateSubCache([&](ZmqSubCache& cache) { cache = sub; });
     worker.updateGetCache([&](ZmqGetCache& cache) { cache = get; });
+}
+
+void clearCaches(ZmqSubWorker& worker)
+{
+    changeCaches(worker, [](ZmqSubCache& sub, ZmqGetCache& get) {
+        sub = ZmqSubCache();
+        get = ZmqGetCache();
+    });
 }
 
 class AppManagerBuildTest : public ::testing::Test {
@@ -55,7 +63,7 @@ protected:
         EXPECT_FALSE(changed) << "build after the change was delivered";
     }
 
-    SimBackend backend;
+    testsupport::SimFixture backend;
     std::unique_ptr<AppManager> app;
 };
 
@@ -187,29 +195,6 @@ TEST_F(AppManagerBuildTest, ShortcutAndConnectModelsCompareAndStore)
                                get.app_connection_status = 4;
                            });
     }
-}
-
-TEST_F(AppManagerBuildTest, ListsCompareItemByItem)
-{
-    changeCaches(worker(), [](ZmqSubCache& sub, ZmqGetCache& get) {
-        get.nas_valid = true;
-        get.nas_list = {{"share", true, 0}, {"backup", false, 0}};
-        sub.net_stream_ready = true;
-        sub.push_streams = {{0, "YouTube", false, 0, 0}};
-    });
-    app->buildNetworkSettingsPageVm(nullptr);
-    app->buildEncoderShortcutPageVm(nullptr);
-
-    changeCaches(worker(), [](ZmqSubCache& sub, ZmqGetCache& get) {
-        get.nas_list[1].status = 2;
-        sub.push_streams[0].name = "Twitch";
-    });
-    bool network_changed = false;
-    bool shortcut_changed = false;
-    EXPECT_EQ(app->buildNetworkSettingsPageVm(&network_changed).nas_list[1].status, 2);
-    EXPECT_EQ(app->buildEncoderShortcutPageVm(&shortcut_changed).push_streams[0].name, "Twitch");
-    EXPECT_TRUE(network_changed) << "a field of the second mount changed";
-    EXPECT_TRUE(shortcut_changed) << "a stream was renamed";
 }
 
 TEST_F(AppManagerBuildTest, FixedRecordsChangeAtMostOnce)
@@ -345,7 +330,7 @@ TEST_F(AppManagerBuildTest, OnlyStandbyAndScreensaverAskTheBackend)
 
 TEST_F(AppManagerBuildTest, FailedClockReadKeepsThePlaceholders)
 {
-    ASSERT_EQ(backend.control("status get_systime_info 1").rfind("ok", 0), 0u);
+    backend.require("status get_systime_info 1");
     app->workModeProcess(1);
     const StandbyPageVM standby = app->buildStandbyPageVm();
     const DynamicScreensaverVM saver = app->buildDynamicScreensaverVm(false);
@@ -371,9 +356,9 @@ TEST_F(AppManagerBuildTest, NetworkUrlsUseTheConfiguredHttpPort)
     EXPECT_EQ(vm.ap_http_url, buildQrAccessUrl("170.128.88.1", port));
     EXPECT_FALSE(vm.http_url.isEmpty());
 
-    ASSERT_EQ(backend.control("set /network/ports/http 8080.0").rfind("ok", 0), 0u);
+    backend.require("set /network/ports/http 8080.0");
     EXPECT_EQ(app->resolveConfiguredHttpPort(), -1) << "a fractional port is no port";
-    ASSERT_EQ(backend.control("set /network/ports/http 8080").rfind("ok", 0), 0u);
+    backend.require("set /network/ports/http 8080");
     EXPECT_EQ(app->resolveConfiguredHttpPort(), 8080);
 }
 
@@ -434,26 +419,6 @@ TEST(AppManagerWithoutBackendTest, BuildsGiveDefaultsAndReportNoChange)
     EXPECT_EQ(saver.work_mode, 1) << "the stored work mode";
     EXPECT_TRUE(saver.standby);
     EXPECT_EQ(saver.date_text, "----.--.--");
-}
-
-TEST(AppManagerDiskHelpersTest, StorageIdsMapToTheirCacheSlots)
-{
-    ZmqSubCache sub;
-    sub.storage_ready = true;
-    sub.disk_present[2] = true;
-    sub.disk_free[2] = 700;
-    sub.disk_total[2] = 1000;
-    sub.disk_used[2] = 300;
-    sub.record_status[2] = 1;
-    EXPECT_EQ(AppManager::getRecordDiskFreeSpace(sub, 3), 700);
-    EXPECT_EQ(AppManager::getRecordDiskTotalSpace(sub, 3), 1000);
-    EXPECT_EQ(AppManager::getRecordDiskUsedSpace(sub, 3), 300);
-    EXPECT_EQ(AppManager::getRecordTaskStatus(sub, 3), 1);
-    EXPECT_TRUE(AppManager::isRecordDiskAvailable(sub, 3));
-    EXPECT_FALSE(AppManager::isRecordDiskAvailable(sub, 2)) << "the second USB port is not kept";
-    EXPECT_EQ(AppManager::getRecordDiskFreeSpace(sub, 2), 0);
-    EXPECT_EQ(AppManager::buildRecordDiskIconState(3, 1, 1000, 300, 700, true), 2);
-    EXPECT_EQ(AppManager::buildRecordDiskIconState(3, 2, 1000, 300, 700, true), 4);
 }
 
 } // namespace

@@ -4,7 +4,7 @@
 // stops within its waits.
 #include "link/zmq_get_cache.h"
 #include "link/zmq_get_worker.h"
-#include "model_sim_backend.h"
+#include "support/sim/sim_fixture.h"
 
 #include <gtest/gtest.h>
 
@@ -26,10 +26,7 @@ protected:
         ASSERT_NE(app->getWorker(), nullptr);
     }
 
-    void control(const std::string& line)
-    {
-        ASSERT_EQ(backend.control(line).rfind("ok", 0), 0u) << line;
-    }
+    void control(const std::string& line) { backend.require(line); }
 
     // Builds until `accept` holds; whether any build on the way said `changed`.
     template <class VM, class Accept>
@@ -44,7 +41,7 @@ protected:
         });
     }
 
-    SimBackend backend;
+    testsupport::SimFixture backend;
     std::unique_ptr<AppManager> app;
 };
 

@@ -3,7 +3,7 @@
 // cache, and kept as they were when a read fails.
 #include "link/zmq_get_cache.h"
 #include "link/zmq_get_worker.h"
-#include "model_sim_backend.h"
+#include "support/sim/sim_fixture.h"
 
 #include <gtest/gtest.h>
 
@@ -12,12 +12,12 @@ namespace {
 
 using nlohmann::json;
 
-QString simText(const SimBackend& backend, const std::string& pointer)
+QString simText(const testsupport::SimFixture& backend, const std::string& pointer)
 {
     return QString::fromStdString(backend.at(pointer).get<std::string>());
 }
 
-int simInt(const SimBackend& backend, const std::string& pointer)
+int simInt(const testsupport::SimFixture& backend, const std::string& pointer)
 {
     return backend.at(pointer).get<int>();
 }
@@ -31,12 +31,9 @@ protected:
     }
 
     ZmqGetCache cache() const { return app->subWorker()->getGetCache(); }
-    void control(const std::string& line)
-    {
-        ASSERT_EQ(backend.control(line).rfind("ok", 0), 0u) << line;
-    }
+    void control(const std::string& line) { backend.require(line); }
 
-    SimBackend backend;
+    testsupport::SimFixture backend;
     std::unique_ptr<AppManager> app;
     std::unique_ptr<ZmqGetWorker> poller;
 };

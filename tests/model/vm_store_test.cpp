@@ -11,49 +11,6 @@ using namespace modeltest;
 
 namespace {
 
-TEST(StoredViewModelTest, ReportsChangeOnlyWhenTheBuildDiffers)
-{
-    StoredViewModel<StatusBarVM> store;
-    ZmqSubCache sub = subWithNetwork({1, false, 0, false, "10.0.0.1"});
-    const ZmqGetCache get;
-    bool changed = false;
-
-    const StatusBarVM first = store.update(computeStatusBarVm(sub, get, 0), &changed);
-    EXPECT_TRUE(changed);
-    EXPECT_TRUE(first.eth_link);
-
-    store.update(computeStatusBarVm(sub, get, 0), &changed);
-    EXPECT_FALSE(changed);
-
-    sub.lan_state = 0;
-    store.update(computeStatusBarVm(sub, get, 0), &changed);
-    EXPECT_TRUE(changed);
-    EXPECT_FALSE(store.get().eth_link);
-}
-
-TEST(StoredViewModelTest, DefaultBuildIsUnchangedAndNullFlagIsAllowed)
-{
-    StoredViewModel<CameraSettingsPageVM> store;
-    bool changed = true;
-    store.update(computeCameraSettingsPageVm(ZmqGetCache{}), &changed);
-    EXPECT_FALSE(changed);
-
-    CameraSettingsPageVM bright;
-    bright.lcd_bright = 50;
-    store.update(bright, nullptr);
-    EXPECT_EQ(store.get().lcd_bright, 50);
-}
-
-TEST(StoredViewModelTest, FixedShortcutListChangesOnlyOnFirstBuild)
-{
-    StoredViewModel<ShortcutVM> store;
-    bool changed = false;
-    store.update(computeShortcutVm(), &changed);
-    EXPECT_TRUE(changed);
-    store.update(computeShortcutVm(), &changed);
-    EXPECT_FALSE(changed);
-}
-
 TEST(StoredViewModelTest, ClearingANonZeroRecordReportsChangeOnce)
 {
     StoredViewModel<ConnectBTVM> store;

@@ -1,7 +1,7 @@
 #include "sim_harness.h"
 
-#include <arpa/inet.h>
-#include <netinet/in.h>
+#include "support/test_support.h"
+
 #include <sys/socket.h>
 #include <sys/un.h>
 #include <unistd.h>
@@ -10,46 +10,6 @@
 #include <stdexcept>
 
 namespace simtest {
-
-namespace {
-
-bool portFree(int port)
-{
-    const int fd = ::socket(AF_INET, SOCK_STREAM, 0);
-    sockaddr_in address{};
-    address.sin_family = AF_INET;
-    address.sin_addr.s_addr = htonl(INADDR_LOOPBACK);
-    address.sin_port = htons(static_cast<uint16_t>(port));
-    const bool free = ::bind(fd, reinterpret_cast<sockaddr*>(&address), sizeof(address)) == 0;
-    ::close(fd);
-    return free;
-}
-
-bool addressInUse(const zmq::error_t& e)
-{
-    return e.num() == EADDRINUSE;
-}
-
-} // namespace
-
-int freePortPair()
-{
-    for (int attempt = 0; attempt < 50; ++attempt) {
-        const int port = testsupport::freeTcpPort();
-        if (port < 65535 && portFree(port + 1))
-            return port;
-    }
-    throw std::runtime_error("no free pair of tcp ports");
-}
-
-sim::SimConfig testConfig(const testsupport::TempDir& dir)
-{
-    sim::SimConfig config;
-    config.endpoints = BackendEndpoints::local(dir.path(), freePortPair());
-    config.quiet = true;
-    config.tick_ms = 100;
-    return config;
-}
 
 Client::Client(const std::string& endpoint)
 {
@@ -162,43 +122,6 @@ void TopicListener::forget()
 {
     std::lock_guard<std::mutex> lock(mutex_);
     received_.clear();
-}
-
-Harness::Harness(std::function<void(sim::SimConfig&)> adjust) : config(testConfig(dir))
-{
-    if (adjust)
-        adjust(config);
-    // Another process may take a port between the check and the bind.
-    for (int attempt = 0;; ++attempt) {
-        simulator = std::make_unique<sim::Simulator>(config);
-        try {
-            simulator->start();
-            break;
-        } catch (const zmq::error_t& e) {
-            if (!addressInUse(e) || attempt == 3)
-                throw;
-            const int port = freePortPair();
-            const BackendEndpoints moved = BackendEndpoints::local(dir.path(), port);
-            config.endpoints.topics_sub = moved.topics_sub;
-            config.endpoints.topics_pub = moved.topics_pub;
-        }
-    }
-    web_client = std::make_unique<Client>(config.endpoints.webserver);
-    media_client = std::make_unique<Client>(config.endpoints.mediaserver);
-    control_client = std::make_unique<ControlClient>(simulator->controlPath());
-}
-
-Harness::~Harness()
-{
-    control_client.reset();
-    web_client.reset();
-    media_client.reset();
-    simulator->stop();
-}
-
-json Harness::stateAt(const std::string& pointer)
-{
-    return simulator->state().at(pointer);
 }
 
 json request(const std::string& module, const std::string& group, const std::string& opt,

@@ -1,13 +1,15 @@
 #pragma once
-
-#include "simulator.h"
-#include "support/test_support.h"
+// The simulator as the daemons' side of the wire, reached the raw way: JSON
+// requests through the transport's client role, lines over the control
+// socket, and a subscriber that records every topic message.
+#include "support/sim/sim_fixture.h"
 #include "transport/zmq_manager.h"
 
 #include <nlohmann/json.hpp>
 
-#include <map>
-#include <memory>
+#include <atomic>
+#include <chrono>
+#include <functional>
 #include <mutex>
 #include <string>
 #include <thread>
@@ -16,14 +18,6 @@
 namespace simtest {
 
 using json = nlohmann::json;
-
-// A loopback port N such that N and N + 1 were both free a moment ago: the
-// simulator's proxy takes both.
-int freePortPair();
-
-// Endpoints of a simulator in a fresh temporary folder and on free ports,
-// never the device's.
-sim::SimConfig testConfig(const testsupport::TempDir& dir);
 
 // The panel's side of a request endpoint: the transport's client role and a
 // raw JSON request, as the panel builds it.
@@ -50,8 +44,7 @@ private:
     int fd_ = -1;
 };
 
-// The panel's subscriber: the nine topics through the simulator's proxy,
-// received on a thread of its own.
+// A subscriber to every topic, receiving on a thread of its own.
 class TopicListener {
 public:
     explicit TopicListener(const std::string& endpoint);
@@ -74,25 +67,20 @@ private:
     std::vector<std::pair<std::string, std::string>> received_;
 };
 
-// A simulator running in this process on its own endpoints, with a client
-// for each daemon and a control channel.
+// An in-process simulator with a raw web server client and its control socket.
 struct Harness {
-    explicit Harness(std::function<void(sim::SimConfig&)> adjust = nullptr);
-    ~Harness();
-
-    json web(const json& request, int timeout_ms = 1000)
+    explicit Harness(const std::function<void(sim::SimConfig&)>& adjust = nullptr) : fixture(adjust)
     {
-        return web_client->ask(request, timeout_ms);
     }
-    std::string control(const std::string& line) { return control_client->send(line); }
-    json stateAt(const std::string& pointer);
 
-    testsupport::TempDir dir;
-    sim::SimConfig config;
-    std::unique_ptr<sim::Simulator> simulator;
-    std::unique_ptr<Client> web_client;
-    std::unique_ptr<Client> media_client;
-    std::unique_ptr<ControlClient> control_client;
+    json web(const json& request) { return web_client.ask(request); }
+    std::string control(const std::string& line) { return control_client.send(line); }
+    json stateAt(const std::string& pointer) const { return fixture.at(pointer); }
+    const BackendEndpoints& endpoints() const { return fixture.endpoints(); }
+
+    testsupport::SimFixture fixture;
+    Client web_client{fixture.endpoints().webserver};
+    ControlClient control_client{fixture.simulator().controlPath()};
 };
 
 // Request bodies as the panel's API builds them.

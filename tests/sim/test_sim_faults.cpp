@@ -12,7 +12,7 @@ namespace {
 class SimFaults : public ::testing::Test {
 protected:
     Harness sim;
-    TopicListener topics{sim.config.endpoints.topics_sub};
+    TopicListener topics{sim.endpoints().topics_sub};
 };
 
 TEST_F(SimFaults, MalformedAndWronglyShapedTopicPayloads)
@@ -58,7 +58,7 @@ TEST_F(SimFaults, UpgradeClimbsToAHundredAndIsSilentBefore)
 
 TEST_F(SimFaults, BadControlInputIsAnsweredWithAnErrorAndChangesNothing)
 {
-    const json before = sim.simulator->state().snapshot()["lcd"];
+    const json before = sim.fixture.simulator().state().snapshot()["lcd"];
     for (const char* line :
          {"", "frobnicate", "delay get_lcd_info", "delay get_lcd_info soon", "delay no_such_op 10",
           "set /lcd/lock_stat \"on\"", "set /lcd/nokey 1", "set /lcd/lock_stat {broken",
@@ -66,7 +66,7 @@ TEST_F(SimFaults, BadControlInputIsAnsweredWithAnErrorAndChangesNothing)
         const std::string reply = sim.control(line);
         EXPECT_EQ(reply.rfind("error: ", 0), 0u) << line << " -> " << reply;
     }
-    EXPECT_EQ(sim.simulator->state().snapshot()["lcd"], before);
+    EXPECT_EQ(sim.fixture.simulator().state().snapshot()["lcd"], before);
     EXPECT_EQ(sim.control("faults"), "ok {\"replies\":{},\"silenced\":[]}");
     EXPECT_EQ(sim.control("get /lcd/lock_stat"), "ok 0");
 }

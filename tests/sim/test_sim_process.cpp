@@ -57,7 +57,7 @@ std::vector<std::string> filesIn(const std::string& dir)
 TEST(SimProcess, ServesAndStopsCleanlyOnSigterm)
 {
     testsupport::TempDir dir;
-    const int port = freePortPair();
+    const int port = testsupport::freeTcpPortPair();
     const pid_t pid =
         spawn({"--ipc-dir", dir.path(), "--topic-port", std::to_string(port), "--quiet"});
     ASSERT_GT(pid, 0);

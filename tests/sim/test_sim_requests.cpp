@@ -15,7 +15,7 @@ const char* const kRecordTopic = "topic_record_state_info";
 class SimRequests : public ::testing::Test {
 protected:
     Harness sim;
-    TopicListener topics{sim.config.endpoints.topics_sub};
+    TopicListener topics{sim.endpoints().topics_sub};
 
     json recordEnable(const std::string& index, int enable)
     {
@@ -74,7 +74,7 @@ TEST_F(SimRequests, UnknownOperationGetsAClearError)
     EXPECT_NE(reply["msg"].get<std::string>().find("no_such_opt"), std::string::npos);
 
     std::string raw;
-    ASSERT_GT(Client(sim.config.endpoints.webserver).send(json("not an object"), raw), 0);
+    ASSERT_GT(Client(sim.endpoints().webserver).send(json("not an object"), raw), 0);
     EXPECT_NE(raw.find("no JSON object"), std::string::npos);
 }
 

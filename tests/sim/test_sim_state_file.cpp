@@ -52,7 +52,7 @@ TEST(SimStateFile, UnreadableFileIsRefusedAtStart)
 {
     testsupport::TempDir files;
     writeFile(files.file("bad.json"), "{ not json");
-    sim::SimConfig config = testConfig(files);
+    sim::SimConfig config = testsupport::privateSimConfig(files);
     config.state_path = files.file("bad.json");
     EXPECT_THROW(sim::Simulator{config}, std::runtime_error);
     writeFile(files.file("array.json"), "[1, 2]");
@@ -72,7 +72,7 @@ TEST(SimScript, CommandsRunAtStartAndABadLineStopsTheStart)
 
     testsupport::TempDir other;
     writeFile(other.file("bad.txt"), "workmode 1\nexplode now\n");
-    sim::SimConfig config = testConfig(other);
+    sim::SimConfig config = testsupport::privateSimConfig(other);
     config.script_path = other.file("bad.txt");
     sim::Simulator broken(config);
     try {

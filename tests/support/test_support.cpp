@@ -42,6 +42,24 @@ bool waitUntil(const std::function<bool()>& condition, std::chrono::milliseconds
     return true;
 }
 
+namespace {
+
+bool tcpPortFree(int port)
+{
+    const int fd = ::socket(AF_INET, SOCK_STREAM, 0);
+    if (fd < 0)
+        return false;
+    sockaddr_in addr{};
+    addr.sin_family = AF_INET;
+    addr.sin_addr.s_addr = htonl(INADDR_LOOPBACK);
+    addr.sin_port = htons(static_cast<uint16_t>(port));
+    const bool free = ::bind(fd, reinterpret_cast<sockaddr*>(&addr), sizeof(addr)) == 0;
+    ::close(fd);
+    return free;
+}
+
+} // namespace
+
 int freeTcpPort()
 {
     const int fd = ::socket(AF_INET, SOCK_STREAM, 0);
@@ -59,6 +77,16 @@ int freeTcpPort()
     const int port = ntohs(addr.sin_port);
     ::close(fd);
     return port;
+}
+
+int freeTcpPortPair()
+{
+    for (int attempt = 0; attempt < 50; ++attempt) {
+        const int port = freeTcpPort();
+        if (port < 65535 && tcpPortFree(port + 1))
+            return port;
+    }
+    throw std::runtime_error("no free pair of tcp ports");
 }
 
 } // namespace testsupport

@@ -31,5 +31,8 @@ bool waitUntil(const std::function<bool()>& condition,
 
 // A loopback TCP port that was free a moment ago.
 int freeTcpPort();
+// A loopback port N such that N and N + 1 were both free a moment ago, as a
+// topic proxy on N takes both.
+int freeTcpPortPair();
 
 } // namespace testsupport

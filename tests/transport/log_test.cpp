@@ -1,5 +1,6 @@
 #include "transport/harvelin_log.h"
 
+#include "support/qt_capture.h"
 #include "support/test_support.h"
 
 #include <gtest/gtest.h>
@@ -25,28 +26,22 @@ bool exists(const std::string& path)
     return stat(path.c_str(), &info) == 0;
 }
 
-std::string captured(const std::function<void()>& action)
-{
-    testing::internal::CaptureStdout();
-    action();
-    fflush(stdout);
-    return testing::internal::GetCapturedStdout();
-}
-
 TEST(LogConsole, EachLevelPrintsItsOwnFormatWithoutAddingALineFeed)
 {
-    EXPECT_EQ(captured([] { DB_LOG("../zmq_sub_worker", "process", 42, "value %d\n", 7); }),
+    EXPECT_EQ(testsupport::capturedStdout(
+                  [] { DB_LOG("../zmq_sub_worker", "process", 42, "value %d\n", 7); }),
               "|-> ../zmq_sub_worker->process (line:42)] value 7\n");
-    EXPECT_EQ(captured([] { ERR_LOG("a.cpp", "run", 3, "bad %s", "thing"); }),
+    EXPECT_EQ(testsupport::capturedStdout([] { ERR_LOG("a.cpp", "run", 3, "bad %s", "thing"); }),
               "|-> \033[0;31m ERROR! [a.cpp->run (line:3) bad thing\033[0m");
-    EXPECT_EQ(captured([] { WAR_LOG("b.cpp", "tick", 9, "careful\n"); }),
+    EXPECT_EQ(testsupport::capturedStdout([] { WAR_LOG("b.cpp", "tick", 9, "careful\n"); }),
               "|-> \033[0;35m WARNING! [b.cpp->tick (line:9) careful\n\033[0m");
 }
 
 TEST(LogConsole, LongMessagesArePrintedWhole)
 {
     const std::string long_text(5000, 'x');
-    const std::string printed = captured([&] { DB_LOG("f", "g", 1, "%s", long_text.c_str()); });
+    const std::string printed =
+        testsupport::capturedStdout([&] { DB_LOG("f", "g", 1, "%s", long_text.c_str()); });
     EXPECT_NE(printed.find(long_text), std::string::npos);
 }
 
@@ -81,7 +76,7 @@ protected:
     void TearDown() override
     {
         if (log_saveflag_get() != 0)
-            captured([] { log_exit(); });
+            testsupport::capturedStdout([] { log_exit(); });
         log_set_clock(nullptr);
         log_set_dirpath(nullptr);
     }
@@ -94,18 +89,18 @@ protected:
 TEST_F(LogFileTest, WithoutInitNothingIsSaved)
 {
     ASSERT_EQ(log_saveflag_get(), 0);
-    captured([] { ERR_LOG("f", "g", 1, "console only\n"); });
+    testsupport::capturedStdout([] { ERR_LOG("f", "g", 1, "console only\n"); });
     EXPECT_EQ(log_save(), 0);
     EXPECT_FALSE(exists(logFile()));
 }
 
 TEST_F(LogFileTest, SavedLinesCarryLevelAndTimeAndGoToTheProcessFile)
 {
-    captured([] { log_init(LOG_WEBSERVER); });
+    testsupport::capturedStdout([] { log_init(LOG_WEBSERVER); });
     EXPECT_EQ(log_saveflag_get(), 1);
     EXPECT_STREQ(log_get_filepath(LOG_WEBSERVER), logFile().c_str());
 
-    captured([] {
+    testsupport::capturedStdout([] {
         DB_LOG("f", "g", 1, "first\n");
         ERR_LOG("f", "g", 2, "second\n");
         WAR_LOG("f", "g", 3, "third\n");
@@ -115,18 +110,18 @@ TEST_F(LogFileTest, SavedLinesCarryLevelAndTimeAndGoToTheProcessFile)
               "DBG[<12:00:00>] first\nERR[<12:00:00>] second\nWAR[<12:00:00>] third\n");
 
     // The next save appends what came after, from the other buffer.
-    captured([] { DB_LOG("f", "g", 4, "fourth\n"); });
+    testsupport::capturedStdout([] { DB_LOG("f", "g", 4, "fourth\n"); });
     EXPECT_EQ(log_save(), 0);
     EXPECT_NE(readFile(logFile()).find("third\nDBG[<12:00:00>] fourth\n"), std::string::npos);
 }
 
 TEST_F(LogFileTest, MessageOverTheSaveLimitIsPrintedButNotSaved)
 {
-    captured([] { log_init(LOG_WEBSERVER); });
+    testsupport::capturedStdout([] { log_init(LOG_WEBSERVER); });
     const std::string limit(256, 'a');
     const std::string over(257, 'b');
     int over_result = 0;
-    const std::string printed = captured([&] {
+    const std::string printed = testsupport::capturedStdout([&] {
         EXPECT_EQ(DB_LOG("f", "g", 1, "%s", limit.c_str()), 0);
         over_result = DB_LOG("f", "g", 2, "%s", over.c_str());
     });
@@ -143,8 +138,8 @@ TEST_F(LogFileTest, MessageOverTheSaveLimitIsPrintedButNotSaved)
 TEST_F(LogFileTest, FirstLineAfterMidnightCarriesTheDateHeader)
 {
     g_fake_now = localTime(2024, 3, 9, 23, 59, 59);
-    captured([] { log_init(LOG_MEDIASERVER); });
-    captured([] {
+    testsupport::capturedStdout([] { log_init(LOG_MEDIASERVER); });
+    testsupport::capturedStdout([] {
         DB_LOG("f", "g", 1, "late\n");
         g_fake_now = localTime(2024, 3, 10, 0, 0, 1);
         DB_LOG("f", "g", 2, "early\n");
@@ -159,8 +154,8 @@ TEST_F(LogFileTest, FirstLineAfterMidnightCarriesTheDateHeader)
 
 TEST_F(LogFileTest, SystemAttributesAreSavedAtOnce)
 {
-    captured([] { log_init(LOG_MISCSERVER); });
-    const std::string printed = captured([] { log_system_attr_save("cpu=4"); });
+    testsupport::capturedStdout([] { log_init(LOG_MISCSERVER); });
+    const std::string printed = testsupport::capturedStdout([] { log_system_attr_save("cpu=4"); });
     EXPECT_EQ(printed, "cpu=4 \n");
     EXPECT_EQ(readFile(dir.file("miscserver.log")),
               "--------- SYSTEM ATTR [<2024-03-09 12:00:00>] ---------\n cpu=4\n");
@@ -168,14 +163,14 @@ TEST_F(LogFileTest, SystemAttributesAreSavedAtOnce)
 
 TEST_F(LogFileTest, RemoveAllOnlyWhenNotSaving)
 {
-    captured([] { log_init(LOG_WEBSERVER); });
-    captured([] { DB_LOG("f", "g", 1, "x\n"); });
+    testsupport::capturedStdout([] { log_init(LOG_WEBSERVER); });
+    testsupport::capturedStdout([] { DB_LOG("f", "g", 1, "x\n"); });
     ASSERT_EQ(log_save(), 0);
     ASSERT_TRUE(exists(logFile()));
     EXPECT_EQ(log_remove_all(), -1);
     EXPECT_TRUE(exists(logFile()));
 
-    captured([] { log_exit(); });
+    testsupport::capturedStdout([] { log_exit(); });
     EXPECT_EQ(log_remove_all(), 0);
     EXPECT_FALSE(exists(logFile()));
     EXPECT_TRUE(exists(dir.path()));
@@ -196,7 +191,7 @@ TEST(RugLog, LinesAreAppendedAndFlushedAtOnce)
     testsupport::TempDir dir;
     const std::string path = dir.file("rug.log");
     ASSERT_EQ(ruglog_init_path(path.c_str()), 0);
-    const std::string printed = captured([] {
+    const std::string printed = testsupport::capturedStdout([] {
         RUG_VERSION_LOG("1.2.3");
         RUG_LOG("plain %d\n", 1);
         RUG_TLOG("timed\n");
@@ -216,7 +211,8 @@ TEST(RugLog, LinesAreAppendedAndFlushedAtOnce)
 
 TEST(RugLog, UnopenablePathFails)
 {
-    captured([] { EXPECT_EQ(ruglog_init_path("/nonexistent-dir/x/rug.log"), -1); });
+    testsupport::capturedStdout(
+        [] { EXPECT_EQ(ruglog_init_path("/nonexistent-dir/x/rug.log"), -1); });
 }
 
 } // namespace

@@ -250,10 +250,4 @@ TEST_F(IconResources, LiteralCheckRejectsWhatDoesNotExist)
     EXPECT_FALSE(literalResolves(QStringLiteral(":/icons/general/warning.png"), resources));
 }
 
-TEST_F(IconResources, BothThemesAreCompiledIn)
-{
-    for (const QString& theme : looktest::themeNames())
-        EXPECT_FALSE(looktest::themeSheet(theme).isEmpty()) << theme.toStdString();
-}
-
 } // namespace

@@ -1,5 +1,6 @@
 // SvgIconLabel: tinting by the style, the shared pixmap cache, and the
 // helpers that pages use to set and re-style icons.
+#include "support/qt_capture.h"
 #include "theme_test_kit.h"
 #include "ui/svg_icon_label.h"
 
@@ -112,7 +113,7 @@ TEST_F(SvgIconLabelTest, WrongPathLeavesTheShownPixmap)
     const qint64 shown = pixmapIdentity(&label);
     ASSERT_NE(shown, 0);
 
-    looktest::WarningCapture capture;
+    testsupport::MessageCapture capture;
     label.setSvgPath(QStringLiteral(":/icons/general/no_such_icon.svg"));
     EXPECT_EQ(pixmapIdentity(&label), shown);
     EXPECT_EQ(label.svgPath(), QStringLiteral(":/icons/general/no_such_icon.svg"));

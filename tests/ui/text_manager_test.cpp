@@ -1,5 +1,6 @@
 #include "ui/text_manager.h"
 
+#include "support/qt_capture.h"
 #include "support/test_support.h"
 
 #include <QSignalSpy>
@@ -7,6 +8,7 @@
 #include <gtest/gtest.h>
 
 #include <fstream>
+#include <functional>
 #include <optional>
 #include <vector>
 
@@ -20,79 +22,8 @@ static void PrintTo(const QString& text, std::ostream* out)
 
 namespace {
 
-struct CapturedMessage {
-    QtMsgType type;
-    QString category;
-    QString text;
-};
-
-// Collects everything that goes through Qt's message handler while alive.
-class WarningCapture {
-public:
-    WarningCapture()
-    {
-        messages().clear();
-        previous_ = qInstallMessageHandler(&WarningCapture::handle);
-    }
-    ~WarningCapture() { qInstallMessageHandler(previous_); }
-    WarningCapture(const WarningCapture&) = delete;
-    WarningCapture& operator=(const WarningCapture&) = delete;
-
-    const std::vector<CapturedMessage>& all() const { return messages(); }
-    std::size_t warningCount() const
-    {
-        std::size_t count = 0;
-        for (const auto& message : messages())
-            count += message.type == QtWarningMsg ? 1 : 0;
-        return count;
-    }
-    QString onlyWarning() const
-    {
-        EXPECT_EQ(warningCount(), 1u);
-        for (const auto& message : messages())
-            if (message.type == QtWarningMsg)
-                return message.text;
-        return QString();
-    }
-
-private:
-    static std::vector<CapturedMessage>& messages()
-    {
-        static std::vector<CapturedMessage> store;
-        return store;
-    }
-    static void handle(QtMsgType type, const QMessageLogContext& context, const QString& text)
-    {
-        messages().push_back({type, QString::fromLatin1(context.category), text});
-    }
-
-    QtMessageHandler previous_ = nullptr;
-};
-
-// Sets or clears an environment variable for one scope and restores it after.
-class ScopedEnv {
-public:
-    ScopedEnv(const char* name, const std::optional<std::string>& value) : name_(name)
-    {
-        if (qEnvironmentVariableIsSet(name))
-            saved_ = qgetenv(name).toStdString();
-        if (value)
-            qputenv(name, QByteArray::fromStdString(*value));
-        else
-            qunsetenv(name);
-    }
-    ~ScopedEnv()
-    {
-        if (saved_)
-            qputenv(name_, QByteArray::fromStdString(*saved_));
-        else
-            qunsetenv(name_);
-    }
-
-private:
-    const char* name_;
-    std::optional<std::string> saved_;
-};
+using testsupport::ScopedEnv;
+using WarningCapture = testsupport::MessageCapture;
 
 void writeFile(const std::string& path, const std::string& content)
 {
@@ -177,7 +108,7 @@ TEST_F(TextManagerLoading, NoUsableFileLeavesAnEmptyMapThatWarnsAtEachLookup)
     WarningCapture capture;
     EXPECT_EQ(texts.getTextWithFallback("mainmenu.video"), "mainmenu.video");
     EXPECT_EQ(texts.getTextWithFallback("mainmenu.video"), "mainmenu.video");
-    EXPECT_EQ(capture.warningCount(), 2u);
+    EXPECT_EQ(capture.warnings().size(), 2);
 }
 
 TEST_F(TextManagerLoading, FileWithoutTheCurrentLanguageCountsAsLoaded)
@@ -223,7 +154,7 @@ TEST_F(TextManagerLoading, LoadFromFileReportsEachOutcome)
 
 TEST_F(TextManagerLoading, DefaultInstanceUsesTheDevicePaths)
 {
-    const ScopedEnv noOverride(UITextManager::kLanguageFileEnv, std::nullopt);
+    const ScopedEnv noOverride(UITextManager::kLanguageFileEnv, nullptr);
     const UITextManager texts;
     EXPECT_EQ(texts.getCurrentLanguage(), kChinese);
     EXPECT_EQ(texts.primaryPath(), "/usr/local/config/language/language-vantor-ui.json");
@@ -233,7 +164,7 @@ TEST_F(TextManagerLoading, DefaultInstanceUsesTheDevicePaths)
 TEST_F(TextManagerLoading, EnvironmentFileIsTriedBeforeTheDevicePaths)
 {
     writeFile(primary(), languageFile({{"k", "x"}}, json{{"k", "from environment"}}));
-    const ScopedEnv override(UITextManager::kLanguageFileEnv, primary());
+    const ScopedEnv override(UITextManager::kLanguageFileEnv, primary().c_str());
     const UITextManager texts;
     EXPECT_EQ(texts.getText("k"), "from environment");
     EXPECT_EQ(texts.primaryPath(), UITextManager::kPrimaryLanguagePath);
@@ -243,7 +174,7 @@ TEST_F(TextManagerLoading, ExplicitPathsIgnoreTheEnvironment)
 {
     writeFile(primary(), languageFile({{"k", "explicit"}}));
     writeFile(backup(), languageFile({{"k", "from environment"}}));
-    const ScopedEnv override(UITextManager::kLanguageFileEnv, backup());
+    const ScopedEnv override(UITextManager::kLanguageFileEnv, backup().c_str());
     const UITextManager texts = load();
     EXPECT_EQ(texts.getText("k"), "explicit");
 }
@@ -258,55 +189,41 @@ TextMap flatten(const json& language)
     return map;
 }
 
-TEST(TextFlatten, CommentsAndNonStringsAreDropped)
+TEST(TextFlatten, KeysJoinWithDotsAndIndexesAndDropCommentsAndNonStrings)
 {
-    const TextMap map = flatten(json::parse(
-        R"({"a":{"b":"x"},"_comment_a":"y","_comment":{"c":"z"},"n":5,"t":true,"z":null})"));
-    EXPECT_EQ(map, (TextMap{{"a.b", "x"}}));
+    struct Case {
+        const char* document;
+        TextMap expected;
+    };
+    const Case cases[] = {
+        {R"({"a":{"b":"x"},"_comment_a":"y","_comment":{"c":"z"},"n":5,"t":true,"z":null})",
+         {{"a.b", "x"}}},
+        // Comments go at every depth of objects, but not as array elements.
+        {R"({"g":{"_commentary":["x"],"k":"v","h":{"_comment":"c","i":"w"}},"comment":"kept"})",
+         {{"g.k", "v"}, {"g.h.i", "w"}, {"comment", "kept"}}},
+        {R"({"list":["a",{"name":"n","_comment":"c"},["p","q"],3,null,false,"_comment x"]})",
+         {{"list[0]", "a"},
+          {"list[1].name", "n"},
+          {"list[2][0]", "p"},
+          {"list[2][1]", "q"},
+          {"list[6]", "_comment x"}}},
+        // "a" sorts before "a.b" in the document, so the flat member comes last.
+        {R"({"a":{"b":"nested"},"a.b":"flat"})", {{"a.b", "flat"}}},
+    };
+    for (const Case& c : cases)
+        EXPECT_EQ(flatten(json::parse(c.document)), c.expected) << c.document;
 }
 
-TEST(TextFlatten, CommentsAreSkippedAtEveryDepthOfObjects)
-{
-    const TextMap map = flatten(json::parse(
-        R"({"g":{"_commentary":["x"],"k":"v","h":{"_comment":"c","i":"w"}},"comment":"kept"})"));
-    EXPECT_EQ(map, (TextMap{{"g.k", "v"}, {"g.h.i", "w"}, {"comment", "kept"}}));
-}
-
-TEST(TextFlatten, ArraysAreIndexedAndNestAnyDepth)
-{
-    const TextMap map = flatten(json::parse(
-        R"({"list":["a",{"name":"n","_comment":"c"},["p","q"],3,null,false,"_comment x"]})"));
-    const TextMap expected{{"list[0]", "a"},
-                           {"list[1].name", "n"},
-                           {"list[2][0]", "p"},
-                           {"list[2][1]", "q"},
-                           {"list[6]", "_comment x"}};
-    EXPECT_EQ(map, expected);
-}
-
-TEST(TextFlatten, PrefixIsJoinedWithADot)
+TEST(TextFlatten, PrefixIsJoinedAndValuesOfTheWrongKindAddNothing)
 {
     TextMap map;
     flattenJson(json::parse(R"({"a":{"b":"x"}})"), "root", map);
     flattenJsonArray(json::parse(R"(["y"])"), "arr", map);
-    EXPECT_EQ(map, (TextMap{{"root.a.b", "x"}, {"arr[0]", "y"}}));
-}
-
-TEST(TextFlatten, LaterMemberReplacesAnEarlierOneWithTheSameKey)
-{
-    // "a" sorts before "a.b" in the document, so the flat member comes last.
-    const TextMap map = flatten(json::parse(R"({"a":{"b":"nested"},"a.b":"flat"})"));
-    EXPECT_EQ(map, (TextMap{{"a.b", "flat"}}));
-}
-
-TEST(TextFlatten, ValuesOfTheWrongKindAddNothing)
-{
-    TextMap map;
     flattenJson(json("text"), std::string(), map);
     flattenJson(json::array({"x"}), std::string(), map);
     flattenJsonArray(json::object({{"k", "v"}}), "p", map);
     flattenJson(json(), std::string(), map);
-    EXPECT_TRUE(map.isEmpty());
+    EXPECT_EQ(map, (TextMap{{"root.a.b", "x"}, {"arr[0]", "y"}}));
 }
 
 // ---------------------------------------------------------------------------
@@ -343,107 +260,73 @@ TEST_F(TextLookup, GetTextReturnsTheKeyForAMissingTextWithoutWarning)
     EXPECT_EQ(texts->getText("empty"), "");
     EXPECT_EQ(texts->getText("param", "P"), "P and P");
     EXPECT_EQ(texts->getText("absent", "P"), "absent");
-    EXPECT_EQ(capture.warningCount(), 0u);
+    EXPECT_TRUE(capture.warnings().isEmpty());
 }
 
-TEST_F(TextLookup, OneKeyFormReturnsTheText)
+TEST_F(TextLookup, EveryFormGivesItsTextWithoutWarning)
 {
     WarningCapture capture;
     EXPECT_EQ(texts->getTextWithFallback("k"), "x");
-    EXPECT_EQ(capture.warningCount(), 0u);
-}
-
-TEST_F(TextLookup, OneKeyFormFallsBackToTheKeyAndWarns)
-{
-    struct Case {
-        const char* key;
-        const char* shownText;
-    };
-    // A text equal to its key counts as untranslated; so does an empty one.
-    for (const Case& c : {Case{"absent", "absent"}, Case{"same", "same"}, Case{"empty", ""}}) {
-        WarningCapture capture;
-        EXPECT_EQ(texts->getTextWithFallback(c.key), c.key);
-        EXPECT_EQ(capture.onlyWarning(),
-                  translationWarning(kKeyIssue, c.key,
-                                     QStringLiteral("Original text: '%1'").arg(c.shownText)));
-        EXPECT_EQ(capture.all().front().category, "default");
-    }
-}
-
-TEST_F(TextLookup, PlaceholderFormReplacesEveryOccurrence)
-{
-    WarningCapture capture;
     EXPECT_EQ(texts->getTextWithFallback("dc", "12V", "{voltage}"), "Turn on 12V? 12V it is.");
-    EXPECT_EQ(capture.warningCount(), 0u);
-}
-
-TEST_F(TextLookup, PlaceholderFormMarksAMissingPlaceholder)
-{
-    WarningCapture capture;
-    EXPECT_EQ(texts->getTextWithFallback("plain", "12V", "{voltage}"), "plain [error]");
-    EXPECT_EQ(capture.onlyWarning(),
-              translationWarning(kPlaceholderIssue, "plain",
-                                 "Text: 'No placeholder', Placeholder: '{voltage}', Param: '12V'"));
-}
-
-TEST_F(TextLookup, PlaceholderFormMarksAMissingText)
-{
-    WarningCapture capture;
-    EXPECT_EQ(texts->getTextWithFallback("absent", "12", "{voltage}"), "absent [error]");
-    EXPECT_EQ(capture.onlyWarning(),
-              translationWarning(kKeyIssue, "absent", "Original text: 'absent', Param: '12'"));
-}
-
-TEST_F(TextLookup, HashFormReplacesNamedPlaceholders)
-{
-    WarningCapture capture;
-    const QHash<QString, QString> params{{"a", "1"}, {"b", "2"}};
-    EXPECT_EQ(texts->getTextWithFallback("multi", params), "1 and 2");
-    EXPECT_EQ(capture.warningCount(), 0u);
-}
-
-TEST_F(TextLookup, HashFormWarnsPerMissingPlaceholderAndKeepsGoing)
-{
-    WarningCapture capture;
-    const QHash<QString, QString> params{{"a", "1"}, {"c", "3"}};
-    EXPECT_EQ(texts->getTextWithFallback("multi", params), "1 and {b}");
-    EXPECT_EQ(capture.onlyWarning(),
-              translationWarning(kPlaceholderIssue, "multi",
-                                 "Placeholder: '{c}' not found in text: '{a} and {b}'"));
-}
-
-TEST_F(TextLookup, HashFormMarksAMissingText)
-{
-    WarningCapture capture;
-    EXPECT_EQ(texts->getTextWithFallback("absent", QHash<QString, QString>{{"a", "1"}}),
-              "absent [error]");
-    EXPECT_EQ(capture.onlyWarning(),
-              translationWarning(kKeyIssue, "absent", "Original text: 'absent'"));
-}
-
-TEST_F(TextLookup, IndexFormReturnsTheElement)
-{
-    WarningCapture capture;
+    EXPECT_EQ(texts->getTextWithFallback("multi", QHash<QString, QString>{{"a", "1"}, {"b", "2"}}),
+              "1 and 2");
     EXPECT_EQ(texts->getTextWithFallback("arr", 0), "zero");
     EXPECT_EQ(texts->getTextWithFallback("arr", 1), "one");
     EXPECT_EQ(texts->getTextWithFallback("label", 3), "L") << "falls back to the plain key";
-    EXPECT_EQ(capture.warningCount(), 0u);
+    EXPECT_TRUE(capture.warnings().isEmpty());
 }
 
-TEST_F(TextLookup, IndexFormFallsBackToTheKeyAndWarns)
+TEST_F(TextLookup, EveryFormFallsBackWithOneWarning)
 {
-    {
+    using Texts = UITextManager;
+    struct Case {
+        const char* what;
+        std::function<QString(const Texts&)> lookup;
+        QString shown;
+        QString warning;
+    };
+    const QHash<QString, QString> wrongParam{{"a", "1"}, {"c", "3"}};
+    // A text equal to its key counts as untranslated, and so does an empty one.
+    const Case cases[] = {
+        {"absent", [](const Texts& t) { return t.getTextWithFallback("absent"); }, "absent",
+         translationWarning(kKeyIssue, "absent", "Original text: 'absent'")},
+        {"same as key", [](const Texts& t) { return t.getTextWithFallback("same"); }, "same",
+         translationWarning(kKeyIssue, "same", "Original text: 'same'")},
+        {"empty", [](const Texts& t) { return t.getTextWithFallback("empty"); }, "empty",
+         translationWarning(kKeyIssue, "empty", "Original text: ''")},
+        {"no such placeholder",
+         [](const Texts& t) { return t.getTextWithFallback("plain", "12V", "{voltage}"); },
+         "plain [error]",
+         translationWarning(kPlaceholderIssue, "plain",
+                            "Text: 'No placeholder', Placeholder: '{voltage}', Param: '12V'")},
+        {"placeholder of an absent text",
+         [](const Texts& t) { return t.getTextWithFallback("absent", "12", "{voltage}"); },
+         "absent [error]",
+         translationWarning(kKeyIssue, "absent", "Original text: 'absent', Param: '12'")},
+        // The hash form warns per missing placeholder and goes on.
+        {"hash with a wrong name",
+         [&](const Texts& t) { return t.getTextWithFallback("multi", wrongParam); }, "1 and {b}",
+         translationWarning(kPlaceholderIssue, "multi",
+                            "Placeholder: '{c}' not found in text: '{a} and {b}'")},
+        {"hash of an absent text",
+         [](const Texts& t) {
+             return t.getTextWithFallback("absent", QHash<QString, QString>{{"a", "1"}});
+         },
+         "absent [error]", translationWarning(kKeyIssue, "absent", "Original text: 'absent'")},
         // An array has no entry of its own, so a missing element ends at the key.
-        WarningCapture capture;
-        EXPECT_EQ(texts->getTextWithFallback("arr", 2), "arr");
-        EXPECT_EQ(capture.onlyWarning(),
-                  translationWarning(kKeyIssue, "arr", "Original text: 'arr'"));
-    }
-    {
+        {"index past the array", [](const Texts& t) { return t.getTextWithFallback("arr", 2); },
+         "arr", translationWarning(kKeyIssue, "arr", "Original text: 'arr'")},
         // An element equal to its own composed key is no translation either.
+        {"element named as its key",
+         [](const Texts& t) { return t.getTextWithFallback("self", 0); }, "self",
+         translationWarning(kKeyIssue, "self", "Original text: 'self'")},
+    };
+    for (const Case& c : cases) {
+        SCOPED_TRACE(c.what);
         WarningCapture capture;
-        EXPECT_EQ(texts->getTextWithFallback("self", 0), "self");
-        EXPECT_EQ(capture.warningCount(), 1u);
+        EXPECT_EQ(c.lookup(*texts), c.shown);
+        EXPECT_EQ(capture.onlyWarning(), c.warning);
+        EXPECT_EQ(capture.all().front().category, "default");
     }
 }
 
@@ -455,13 +338,6 @@ TEST_F(TextLookup, WarningWithoutDetailsHasNoDetailsPart)
     EXPECT_TRUE(message.startsWith("[Translation Issue] Some issue - Key: some.key"))
         << message.toStdString();
     EXPECT_FALSE(message.contains("Details")) << message.toStdString();
-}
-
-TEST_F(TextLookup, ValidTranslationIsNonEmptyAndDiffersFromItsKey)
-{
-    EXPECT_TRUE(texts->isValidTranslation("x", "k"));
-    EXPECT_FALSE(texts->isValidTranslation("", "k"));
-    EXPECT_FALSE(texts->isValidTranslation("k", "k"));
 }
 
 // ---------------------------------------------------------------------------
@@ -513,37 +389,28 @@ TEST_F(TextLanguageSwitch, SwitchRebuildsTheMapAndSignals)
     EXPECT_EQ(texts.getText("only_fr"), "only_fr") << "no text of the old language remains";
 }
 
-TEST_F(TextLanguageSwitch, SameLanguageSendsNothing)
+TEST_F(TextLanguageSwitch, SwitchesThatFindNothingNewChangeNothing)
 {
-    UITextManager texts = make(kEnglish);
-    UITextManager unloaded(nullptr, kEnglish, QString::fromStdString(dir.file("none.json")),
-                           QString());
-    QSignalSpy changed(&texts, &UITextManager::languageChanged);
-    QSignalSpy unloadedChanged(&unloaded, &UITextManager::languageChanged);
-    texts.switchLanguage(kEnglish);
-    unloaded.switchLanguage(kEnglish);
-    EXPECT_EQ(changed.count(), 0);
-    EXPECT_EQ(unloadedChanged.count(), 0);
-}
-
-TEST_F(TextLanguageSwitch, LanguageMissingFromTheFileChangesNothing)
-{
-    UITextManager texts = make(kEnglish);
-    QSignalSpy changed(&texts, &UITextManager::languageChanged);
-    texts.switchLanguage(4);
-    EXPECT_EQ(changed.count(), 0);
-    EXPECT_EQ(texts.getCurrentLanguage(), kEnglish);
-    EXPECT_EQ(texts.getText("k"), "en");
-}
-
-TEST_F(TextLanguageSwitch, NothingLoadedChangesNothing)
-{
-    UITextManager texts(nullptr, kEnglish, QString::fromStdString(dir.file("none.json")),
-                        QString());
-    QSignalSpy changed(&texts, &UITextManager::languageChanged);
-    texts.switchLanguage(kChinese);
-    EXPECT_EQ(changed.count(), 0);
-    EXPECT_EQ(texts.getCurrentLanguage(), kEnglish);
+    struct Case {
+        const char* what;
+        const char* file;
+        int to;
+    };
+    const Case cases[] = {
+        {"same language", "texts.json", kEnglish},
+        {"same language, nothing loaded", "none.json", kEnglish},
+        {"language missing from the file", "texts.json", 4},
+        {"nothing loaded", "none.json", kChinese},
+    };
+    for (const Case& c : cases) {
+        UITextManager texts(nullptr, kEnglish, QString::fromStdString(dir.file(c.file)), QString());
+        const QString before = texts.getText("k");
+        QSignalSpy changed(&texts, &UITextManager::languageChanged);
+        texts.switchLanguage(c.to);
+        EXPECT_EQ(changed.count(), 0) << c.what;
+        EXPECT_EQ(texts.getCurrentLanguage(), kEnglish) << c.what;
+        EXPECT_EQ(texts.getText("k"), before) << c.what;
+    }
 }
 
 TEST_F(TextLanguageSwitch, UnknownIdSelectsChineseAndIsKept)

@@ -1,5 +1,5 @@
-// Helpers shared by the icon and theme tests: the two style sheets, a capture
-// of Qt's warnings, and colour checks on rendered icons.
+// Helpers shared by the icon and theme tests: the two style sheets and
+// colour checks on rendered icons.
 #pragma once
 
 #include "ui/panel_resources.h"
@@ -28,33 +28,6 @@ inline QString themeSheet(const QString& theme)
         return QString();
     return QString::fromUtf8(file.readAll());
 }
-
-// Collects the texts of every Qt warning issued while alive.
-class WarningCapture {
-public:
-    WarningCapture() : previous(qInstallMessageHandler(&WarningCapture::collect))
-    {
-        collected().clear();
-    }
-    ~WarningCapture() { qInstallMessageHandler(previous); }
-    WarningCapture(const WarningCapture&) = delete;
-    WarningCapture& operator=(const WarningCapture&) = delete;
-
-    QStringList warnings() const { return collected(); }
-
-private:
-    static QStringList& collected()
-    {
-        static QStringList texts;
-        return texts;
-    }
-    static void collect(QtMsgType type, const QMessageLogContext&, const QString& text)
-    {
-        if (type == QtWarningMsg || type == QtCriticalMsg)
-            collected() << text;
-    }
-    QtMessageHandler previous;
-};
 
 struct InkSummary {
     int inkedPixels = 0;     // alpha above zero
