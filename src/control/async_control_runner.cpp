@@ -28,10 +28,12 @@ bool AsyncControlRunner::startAsyncControlRequest(std::function<int()> job, int 
 {
     if (!control_watcher || control_request_active || control_watcher->isRunning())
         return false;
-    feedback.showOperationLoading();
+    // Taken before the card is painted: painting runs the event loop, and a
+    // click queued behind this one must find the runner busy.
     control_refresh_page = refreshPage;
     control_request_active = true;
     control_warning_text = warningText;
+    feedback.showOperationLoading();
     control_watcher->setFuture(
         QtConcurrent::run(QThreadPool::globalInstance(), [job = std::move(job)] { return job(); }));
     return true;

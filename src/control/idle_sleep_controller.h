@@ -74,6 +74,9 @@ public:
     // The standby page's wake button.
     void onWakeRequested();
     bool is_standby_visible() const;
+    // Standby as entered and left here, whatever the standby widget shows:
+    // during the exit the widget is still up while the state has ended.
+    bool isInStandby() const { return standby_visible; }
     int runStatus() const;
 
     // Work mode: the window's copy, compared and stored here.

@@ -29,7 +29,7 @@ enum SliderModeType : int {
     SLIDER_OUT_AUDIO_VOLUME = 3,
 };
 
-enum ConfirmActionType : int {
+enum ConfirmDialogAction : int {
     CONFIRM_REBOOT = 1,
     CONFIRM_RESET = 2,
     CONFIRM_STANDBY = 3,

@@ -15,9 +15,16 @@ bool isLockStatus(int status)
 OperationFeedback::OperationFeedback(OperationOverlayComponent* overlay,
                                      OperationTranslate translate, ControlTimeSource& time,
                                      QObject* parent)
-    : QObject(parent), operation_overlay(overlay), translate_text(std::move(translate)),
-      overlay_min_display_timer(time)
+    : QObject(parent), translate_text(std::move(translate)), overlay_min_display_timer(time)
 {
+    setOverlay(overlay);
+}
+
+void OperationFeedback::setOverlay(OperationOverlayComponent* overlay)
+{
+    if (operation_overlay)
+        disconnect(operation_overlay, nullptr, this, nullptr);
+    operation_overlay = overlay;
     if (operation_overlay)
         connect(operation_overlay, &OperationOverlayComponent::autoHideTimeout, this,
                 &OperationFeedback::onOperationHideTimeout);

@@ -22,6 +22,8 @@ public:
                       ControlTimeSource& time = systemTimeSource(), QObject* parent = nullptr);
 
     OperationOverlayComponent* overlay() const { return operation_overlay; }
+    // The window builds its card after the controllers that use it.
+    void setOverlay(OperationOverlayComponent* overlay);
     // An empty function means that the panel has no text manager.
     void setTranslate(OperationTranslate translate) { translate_text = std::move(translate); }
     bool canTranslate() const { return static_cast<bool>(translate_text); }

@@ -6,7 +6,6 @@
 #include "pages/page_ids.h"
 
 #include <QElapsedTimer>
-#include <QMutex>
 #include <QPointF>
 #include <QPushButton>
 #include <QSlider>
@@ -18,15 +17,18 @@
 #include <memory>
 
 class AppManager;
+class AsyncControlRunner;
 class Audio_settings_page_widget;
 class CameraSettingsPage1Widget;
 class CameraSettingsPage2Widget;
 class CameraSettingsPage3Widget;
 class ConnectAppWidget;
+class ControlTimeSource;
 class DecoderShortcutPage1Widget;
 class DecoderShortcutPage2Widget;
 class DecoderShortcutPage3Widget;
 class Decoding_settings_page_widget;
+class DiskSpeedTestSession;
 class DynamicScreensaverWidget;
 class EncoderShortcutPage1Widget;
 class EncoderShortcutPage2Widget;
@@ -34,14 +36,19 @@ class EncoderShortcutPage3Widget;
 class GeneralConfirmPageWidget;
 class GeneralEditPageWidget;
 class GeneralSliderPageWidget;
+class IdleSleepController;
+class InPlaceControls;
 class MainMenuPage1Widget;
 class MainMenuPage2Widget;
 class MediaSettingsPage1Widget;
 class MediaSettingsPage2Widget;
+class ModalFlows;
 class NavDotsComponent;
+class NdiSearchSession;
 class NetworkSettingsPage1Widget;
 class NetworkSettingsPage2Widget;
 class NetworkSettingsPage3Widget;
+class OperationFeedback;
 class OperationOverlayComponent;
 class QStackedWidget;
 class QTimer;
@@ -63,6 +70,7 @@ class UpgradeWidget;
 class VantorTestCommandInterface;
 class VideoSettingsPage1Widget;
 class VideoSettingsPage2Widget;
+class WidgetSurfaces;
 enum class GestureKind;
 
 // The panel's one window and the controller of what is on screen: it owns the
@@ -76,9 +84,13 @@ enum class GestureKind;
 // widget_navigation and widget_chrome (page changes, status bar, dots,
 // arrows), widget_refresh (the one-second cycle), widget_gestures and
 // widget_lcd_lock (touch dispatch and its gates), widget_guide (gesture guide),
-// widget_feedback (operation card), widget_device_states (idle, sleep,
-// standby, upgrade), widget_modal (opening the shared modal pages) and
-// widget_test_commands (scripted input).
+// widget_controls (the control layer's objects and the page controls),
+// widget_feedback (operation card and slow jobs), widget_device_states (idle,
+// sleep, standby, upgrade), widget_modal and widget_modal_openings (the shared
+// modal pages), widget_sessions (disk speed test, NDI search) and
+// widget_test_commands (scripted input). What controls, cards, modal flows and
+// device states do is decided in the control layer (src/control); the window
+// owns those objects, lends them its surfaces and forwards to them.
 class Widget : public QWidget, public TestCommandTarget {
     Q_OBJECT
 
@@ -94,12 +106,7 @@ public:
     static constexpr int kPageRefreshMs = 1000;
     static constexpr int kStatusSwitchMs = 6000;
     static constexpr int kAppConnectExitMs = 2000;
-    static constexpr int kResultDisplayMs = 1500;
     static constexpr int kGuideDisplayMs = 6000;
-    static constexpr int kIdleHomeMs = 60000;
-    static constexpr int kIdleHomeConnectMs = 300000;
-    static constexpr int kFirstLcdSleepMs = 300000;
-    static constexpr int kDimBrightness = 5;
     // Connect status reported once the phone app has paired.
     static constexpr int kAppConnected = 4;
     static constexpr int kStatusLocked = 4;
@@ -107,7 +114,9 @@ public:
     // How long a lock change may take to show in the model's state.
     static constexpr qint64 kLockConfirmGraceMs = 3000;
 
-    explicit Widget(QWidget* parent = nullptr);
+    // `time` drives the shell's idle, sleep and session timers; null is Qt's
+    // own clock. Tests pass a hand-driven one; it must outlive the window.
+    explicit Widget(QWidget* parent = nullptr, ControlTimeSource* time = nullptr);
     ~Widget() override;
 
     // --- start-up and teardown (widget_init, widget_startup) ---
@@ -179,7 +188,7 @@ public:
     void rebuildGestureGuideItems(int type);
     GestureGuideItems getGestureGuideItemsForType(int type) const;
 
-    // --- operation card (widget_feedback) ---
+    // --- operation card and slow jobs (widget_feedback) ---
     void showOperationLoading();
     void showOperationResult(int status);
     void showOperationResult(bool ok);
@@ -188,6 +197,11 @@ public:
     void hideOperationOverlay();
     bool isOperationOverlayActive() const;
     bool isOperationInProgress() const;
+    void updateOperationOverlayLayout(const QString& text);
+    bool startAsyncControlRequest(std::function<int()> job, int refreshPage,
+                                  const QString& warningText = QString());
+    void refreshCurrentPageAfterAsyncControl(int page);
+    bool finishPendingPushStreamSwitchIfReady(const EncoderShortcutPageVM& vm);
 
     // --- idle, sleep, standby, upgrade (widget_device_states) ---
     void init_idle_home_timer();
@@ -202,13 +216,21 @@ public:
     bool setConfiguredLcdBrightness(const CameraSettingsPageVM& vm);
     void show_screensaver();
     void hide_screensaver();
+    void hide_screensaver(bool refreshSleep);
     void handle_screensaver_page_changed();
-    bool isScreensaverActive() const { return screensaver_active; }
+    void hideUpgradeProgress();
+    bool isScreensaverActive() const;
 
-    // --- modal pages (widget_modal) ---
+    // --- modal pages (widget_modal, widget_modal_openings) ---
     void enterEditMode(int editType, int returnPage, int actualIndex);
     void enterSliderMode(int sliderType, int returnPage, int value);
     void enterConfirmDialog(int actionType, int returnPage, int returnIndex, int param);
+
+    // --- disk speed test and NDI search (widget_sessions) ---
+    void invalidateDiskSpeedPoll();
+    void cancelDiskSpeedTestSession();
+    bool isDiskSpeedTestActive() const;
+    void startDecNdiFindAsync();
 
     // --- test commands (widget_test_commands) ---
     void initTestCommandInterface();
@@ -237,8 +259,14 @@ public:
     QTimer* pageRefreshTimer() const { return page_refresh_timer; }
     QTimer* dataReadyTimer() const { return data_ready_timer; }
     QTimer* appConnectExitTimer() const { return appconnect_exit_timer; }
-    QTimer* idleHomeTimer() const { return idle_home_timer; }
-    QTimer* lcdSleepTimer() const { return lcd_sleep_timer; }
+    // The control layer's objects that the window owns.
+    OperationFeedback* operationFeedback() const { return feedback.get(); }
+    AsyncControlRunner* controlRunner() const { return control_runner.get(); }
+    InPlaceControls* inPlaceControls() const { return in_place_controls.get(); }
+    ModalFlows* modalFlows() const { return modal_flows.get(); }
+    IdleSleepController* idleSleep() const { return idle_sleep.get(); }
+    DiskSpeedTestSession* diskSpeedSession() const { return disk_speed.get(); }
+    NdiSearchSession* ndiSearchSession() const { return ndi_search.get(); }
     bool isSplashVisible() const { return splash_visible; }
     bool isDataReadyReported() const { return data_ready; }
     bool isSplashWaitFinished() const { return splash_wait_finished; }
@@ -246,12 +274,12 @@ public:
     bool isFirstUseConnectBypass() const { return first_use_connect_bypass; }
     bool isForcePageRefresh() const { return force_page_refresh; }
     int lcdLockedSwipeCount() const { return lcd_locked_swipe_count; }
-    int lcdLowBrightness() const { return lcd_low_brightness; }
+    int lcdLowBrightness() const;
     int workMode() const;
     int themeIndex() const { return theme_index; }
     int currentPageId() const { return current_pageid; }
     int modalPageId() const { return modal_pageid; }
-    int modalReturnPage() const { return modal_return_page; }
+    int modalReturnPage() const;
     const QSet<int>& guidesSeen() const;
 
 signals:
@@ -313,6 +341,9 @@ public slots:
     void LCD_Sleep();
     void onOperationHideTimeout();
     void hideGestureGuideOverlay() override;
+    void onEditModeConfirmed(int editType, int index);
+    void onSliderModeConfirmed(int sliderType, int value);
+    void onConfirmDialogConfirmed(int actionType);
     void onEditModeCancelled(int returnPage);
     void onSliderModeCancelled(int returnPage);
     void onConfirmDialogCancelled(int returnPage);
@@ -331,7 +362,9 @@ public slots:
     void onTouchBeginReq() override;
 
 private:
-    // widget_init / widget_connections
+    friend class WidgetSurfaces;
+
+    // widget_init, widget_connections, widget_controls, widget_modal_openings
     void connectCoreSignals();
     void connectModalSignals();
     void connectPageUpdateSignals();
@@ -339,6 +372,13 @@ private:
     void connectPageNavigationSignals();
     void connectShortcutControlSignals();
     void connectInPlaceControlSignals();
+    void connectEditModeSignals();
+    void connectSliderModeSignals();
+    void connectConfirmDialogSignals();
+    void initAsyncWorkerWatchers();
+    void connectAsyncWorkerSignals();
+    void connectModalFlowSignals();
+    void clearModalState();
     void initOperationOverlay();
     void initGestureGuideOverlay();
     void initNavDots();
@@ -363,7 +403,7 @@ private:
     // widget_lcd_lock
     void unlockLcdByLongPress();
     void onLcdLockClicked(bool enabled);
-    void onShortcutKeyClicked(const QString& function);
+    void onLcdLockKeyPressed();
     bool changeLcdLock(bool locked);
     // The lock state to take from the model's `modelLocked`: right after a
     // change was accepted, the model may still report the old state until
@@ -371,6 +411,8 @@ private:
     bool lockStateFromModel(bool modelLocked);
 
     int currentWorkMode() const;
+    // Standby as the state controller holds it (see IdleSleepController).
+    bool inStandby() const;
     qint64 splashElapsedMs() const;
 
     VantorTestCommandInterface* test_interface = nullptr;
@@ -378,9 +420,6 @@ private:
     TouchEventHandler* touch_handler = nullptr;
     UITextManager* text_mgr = nullptr;
 
-    mutable QMutex state_mutex;
-    int work_mode = 0;
-    int run_status = 1;
     int theme_index = 0;
 
     SplashOverlayWidget* splash = nullptr;
@@ -395,12 +434,8 @@ private:
     QStackedWidget* page_stack = nullptr;
     std::array<QWidget*, kPageCount> page_table{};
 
-    int lcd_low_brightness = 0;
     int current_pageid = 0;
     int modal_pageid = -1;
-    int modal_return_page = 0;
-    int modal_return_arg = 0;
-    bool standby_visible = false;
     bool modal_active = false;
     bool lcd_touch_locked = false;
     int lcd_locked_swipe_count = 0;
@@ -409,25 +444,24 @@ private:
     bool splash_visible = true;
     bool force_page_refresh = false;
     bool first_use_connect_bypass = false;
-    bool guide_after_overlay = false;
-    bool screensaver_active = false;
-    bool disk_speed_session_flag = false;
-
-    EditModePageVM edit_vm;
-    SliderModePageVM slider_vm;
-    ConfirmDialogPageVM confirm_vm;
 
     QTimer* page_refresh_timer = nullptr;
     QTimer* status_switch_timer = nullptr;
     QTimer* appconnect_exit_timer = nullptr;
-    QTimer* idle_home_timer = nullptr;
-    QTimer* lcd_sleep_timer = nullptr;
-    QElapsedTimer lcd_sleep_elapsed;
 
     OperationOverlayComponent* operation_overlay = nullptr;
-    bool overlay_min_display = false;
-    int overlay_min_display_ms = 0;
-    QElapsedTimer overlay_min_display_timer;
+
+    // The control layer. Destroyed, in reverse order, before the Qt children
+    // (the model among them), so that no job or timer outlives what it uses.
+    ControlTimeSource& control_time;
+    std::unique_ptr<WidgetSurfaces> surfaces;
+    std::unique_ptr<OperationFeedback> feedback;
+    std::unique_ptr<AsyncControlRunner> control_runner;
+    std::unique_ptr<InPlaceControls> in_place_controls;
+    std::unique_ptr<ModalFlows> modal_flows;
+    std::unique_ptr<IdleSleepController> idle_sleep;
+    std::unique_ptr<DiskSpeedTestSession> disk_speed;
+    std::unique_ptr<NdiSearchSession> ndi_search;
 
     GestureGuideOverlayComponent* gesture_guide = nullptr;
     std::unique_ptr<GestureGuideCounter> guide_counter;

@@ -2,6 +2,7 @@
 // and the arrows of the settings groups.
 #include "shell/widget.h"
 
+#include "control/modal_flows.h"
 #include "model/app_manager.h"
 #include "pages/status_bar_widget.h"
 #include "shell/page_groups.h"
@@ -69,7 +70,7 @@ void Widget::onSubmenuRightArrowClicked()
 
 void Widget::updateDisplayedPageChrome(int page)
 {
-    if (standby_visible) {
+    if (inStandby()) {
         if (nav_dots)
             updateNavDots(NavDotsState());
         updateSubmenuArrowButtons(-1);
@@ -103,7 +104,7 @@ NavDotsState Widget::buildNavDotsState(int page) const
     state.pageid = page;
     state.count = getPageGroupCount(page);
     state.current = getPageIndexInGroup(page);
-    state.visible = isContentPage(page) && state.count >= 2 && !modal_active && !standby_visible;
+    state.visible = isContentPage(page) && state.count >= 2 && !modal_active && !inStandby();
     return state;
 }
 
@@ -142,11 +143,11 @@ QString Widget::getModalPageContextText(int page) const
         return QString();
     int selector = -1;
     if (page == PAGE_GENERAL_EDIT)
-        selector = edit_vm.editType;
+        selector = modal_flows->editVm().editType;
     else if (page == PAGE_GENERAL_SLIDER)
-        selector = slider_vm.sliderType;
+        selector = modal_flows->sliderVm().sliderType;
     else if (page == PAGE_GENERAL_CONFIRM)
-        selector = confirm_vm.actionType;
+        selector = modal_flows->confirmVm().actionType;
     const QString key = modalTitleKey(page, selector);
     const QString title = key.isEmpty() ? QString() : text_mgr->getTextWithFallback(key);
     return joinContext(getPageContextText(current_pageid), title);

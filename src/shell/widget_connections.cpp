@@ -1,7 +1,8 @@
 // The wiring of the window: the model's state signals, the page deliveries,
-// touch, the navigation signals of the pages and the modal pages' exits.
+// touch, the navigation signals of the pages and the modal pages' answers.
 #include "shell/widget.h"
 
+#include "control/idle_sleep_controller.h"
 #include "input/touch_event_handler.h"
 #include "model/app_manager.h"
 #include "pages/audio_settings_page_widget.h"
@@ -42,10 +43,18 @@ void Widget::connectCoreSignals()
 
 void Widget::connectModalSignals()
 {
+    connect(general_edit_page, &GeneralEditPageWidget::confirmed, this,
+            &Widget::onEditModeConfirmed);
     connect(general_edit_page, &GeneralEditPageWidget::cancelled, this,
             &Widget::onEditModeCancelled);
+    connect(general_confirm_page, &GeneralConfirmPageWidget::confirmed, this,
+            &Widget::onConfirmDialogConfirmed);
     connect(general_confirm_page, &GeneralConfirmPageWidget::cancelled, this,
             &Widget::onConfirmDialogCancelled);
+    // The slider page is left by gesture only; it has no cancel of its own.
+    connect(general_slider_page, &GeneralSliderPageWidget::confirmed, this,
+            &Widget::onSliderModeConfirmed);
+    connectModalFlowSignals();
 }
 
 void Widget::connectPageUpdateSignals()
@@ -133,6 +142,9 @@ void Widget::connectPageUpdateSignals()
 
 void Widget::connect_submenu_click()
 {
+    connectEditModeSignals();
+    connectConfirmDialogSignals();
+    connectSliderModeSignals();
     connectPageNavigationSignals();
     connectShortcutControlSignals();
     connectInPlaceControlSignals();
@@ -144,24 +156,8 @@ void Widget::connectPageNavigationSignals()
             &Widget::onMainMenuItemClicked);
     connect(main_menu_page2, &MainMenuPage2Widget::menuItemClicked, this,
             &Widget::onMainMenuItemClicked);
-    connect(standby_page, &StandbyPageWidget::wakeRequested, this, [this]() {
-        if (!appMgr || appMgr->exitStandby() < 0)
-            return;
-        doStandbyExit();
-        goto_page(PAGE_STATUS_1);
-    });
-}
-
-void Widget::connectShortcutControlSignals()
-{
-    connect(shortcut_page, &ShortcutPageWidget::shortcutKeyClicked, this,
-            &Widget::onShortcutKeyClicked);
-}
-
-void Widget::connectInPlaceControlSignals()
-{
-    connect(camera_settings_page3, &CameraSettingsPage3Widget::lcdLockClicked, this,
-            &Widget::onLcdLockClicked);
+    connect(standby_page, &StandbyPageWidget::wakeRequested, this,
+            [this]() { idle_sleep->onWakeRequested(); });
 }
 
 void Widget::connectTouchEvents()

@@ -1,97 +1,141 @@
-// States of the whole device that take the screen from the pages: standby,
-// a change of work mode, and a firmware upgrade.
+// Idle time, dimming, the screensaver, standby, work mode and the upgrade
+// screen: the window's side of IdleSleepController, which holds the timers,
+// the state flags and their precedence.
 #include "shell/widget.h"
 
-#include "model/app_manager.h"
-#include "pages/standby_page_widget.h"
-#include "pages/status_bar_widget.h"
-#include "pages/upgrade_widget.h"
+#include "control/idle_sleep_controller.h"
+
+int Widget::idleHomeTimeoutMsForPage(int page)
+{
+    return ::idleHomeTimeoutMsForPage(page);
+}
+
+void Widget::init_idle_home_timer()
+{
+    idle_sleep->init_idle_home_timer();
+}
+
+void Widget::deinit_idle_home_timer()
+{
+    idle_sleep->deinit_idle_home_timer();
+}
+
+void Widget::idle_home_time_refresh(int page)
+{
+    idle_sleep->idle_home_time_refresh(page);
+}
+
+void Widget::on_idle_home_timeout()
+{
+    idle_sleep->on_idle_home_timeout();
+}
+
+void Widget::init_lcd_sleep_timer()
+{
+    idle_sleep->init_lcd_sleep_timer();
+}
+
+void Widget::deinit_lcd_sleep_timer()
+{
+    idle_sleep->deinit_lcd_sleep_timer();
+}
+
+void Widget::restartLcdSleepTimer(const CameraSettingsPageVM& vm)
+{
+    idle_sleep->restartLcdSleepTimer(vm);
+}
+
+void Widget::LCD_Sleep()
+{
+    idle_sleep->LCD_Sleep();
+}
+
+void Widget::LCD_Sleep_time_refresh()
+{
+    idle_sleep->LCD_Sleep_time_refresh();
+}
+
+bool Widget::setLcdLowBrightness(bool showScreensaver)
+{
+    return idle_sleep->setLcdLowBrightness(showScreensaver);
+}
+
+bool Widget::setConfiguredLcdBrightness(const CameraSettingsPageVM& vm)
+{
+    return idle_sleep->setConfiguredLcdBrightness(vm);
+}
+
+int Widget::lcdLowBrightness() const
+{
+    return idle_sleep->isLcdDimmed() ? 1 : 0;
+}
+
+void Widget::show_screensaver()
+{
+    idle_sleep->show_screensaver();
+}
+
+void Widget::hide_screensaver()
+{
+    idle_sleep->hide_screensaver();
+}
+
+void Widget::hide_screensaver(bool refreshSleep)
+{
+    idle_sleep->hide_screensaver(refreshSleep);
+}
+
+void Widget::handle_screensaver_page_changed()
+{
+    idle_sleep->handle_screensaver_page_changed();
+}
+
+bool Widget::isScreensaverActive() const
+{
+    return idle_sleep->isScreensaverActive();
+}
 
 void Widget::onWorkModeChanged(int new_work_mode)
 {
-    {
-        QMutexLocker lock(&state_mutex);
-        if (work_mode == new_work_mode)
-            return;
-        work_mode = new_work_mode;
-    }
-    // The home group differs per mode; start over on its first status page.
-    goto_page(PAGE_STATUS_1);
+    idle_sleep->onWorkModeChanged(new_work_mode);
+}
+
+int Widget::currentWorkMode() const
+{
+    return idle_sleep->workMode();
 }
 
 void Widget::onRunStatusChanged(int new_run_status)
 {
-    {
-        QMutexLocker lock(&state_mutex);
-        if (run_status == new_run_status)
-            return;
-        run_status = new_run_status;
-    }
-    if (!appMgr)
-        return;
-    if (new_run_status != 0) {
-        doStandbyExit();
-        goto_page(PAGE_STATUS_1);
-        return;
-    }
-    doStandbyEnter(appMgr->buildStandbyPageVm());
+    idle_sleep->onRunStatusChanged(new_run_status);
 }
 
 void Widget::doStandbyEnter(const StandbyPageVM& vm)
 {
-    modal_pageid = -1;
-    standby_visible = true;
-    modal_active = false;
-    syncPageContextToAppMgr();
-    if (appMgr) {
-        // Dim without the screensaver; the sleep timer goes on.
-        setLcdLowBrightness(false);
-        restartLcdSleepTimer(appMgr->buildCameraSettingsPageVm(nullptr));
-    }
-    hide_screensaver();
-    idle_home_time_refresh(-1);
-    emit requestStandbyPageUpdate(vm);
-    hideGestureGuideOverlay();
-    if (standby_page) {
-        standby_page->show();
-        standby_page->raise();
-    }
-    chrome_container->hide();
-    if (status_bar)
-        status_bar->hide();
-    updateNavDots(NavDotsState());
+    idle_sleep->doStandbyEnter(vm);
 }
 
 void Widget::doStandbyExit()
 {
-    standby_visible = false;
-    syncPageContextToAppMgr();
-    if (appMgr) {
-        const CameraSettingsPageVM vm = appMgr->buildCameraSettingsPageVm(nullptr);
-        setConfiguredLcdBrightness(vm);
-        restartLcdSleepTimer(vm);
-    }
-    handle_screensaver_page_changed();
-    if (standby_page)
-        standby_page->hide();
-    if (!chrome_container->isVisible()) {
-        chrome_container->show();
-        chrome_container->raise();
-    }
-    if (status_bar && !status_bar->isVisible()) {
-        status_bar->show();
-        status_bar->raise();
-    }
-    idle_home_time_refresh(-1);
+    idle_sleep->doStandbyExit();
+}
+
+bool Widget::is_standby_visible() const
+{
+    return idle_sleep->is_standby_visible();
+}
+
+bool Widget::inStandby() const
+{
+    return idle_sleep->isInStandby();
 }
 
 void Widget::showUpgradeProgress(int progress)
 {
-    if (!upgrade_page)
-        return;
-    hide_screensaver();
-    upgrade_page->updateFromVm(progress);
-    upgrade_page->show();
-    upgrade_page->raise();
-    idle_home_time_refresh(-1);
+    idle_sleep->showUpgradeProgress(progress);
+}
+
+void Widget::hideUpgradeProgress()
+{
+    idle_sleep->hideUpgradeProgress();
 }

@@ -1,105 +1,113 @@
-// The operation card over the page: "working" while a backend call runs, then
-// the text of its status. Whatever shows the card goes through here.
+// The operation card and the slow control jobs: the window's side of
+// OperationFeedback and AsyncControlRunner, plus the page refresh that a
+// finished job asks for.
 #include "shell/widget.h"
 
+#include "control/async_control_runner.h"
+#include "control/operation_feedback.h"
+#include "model/app_manager.h"
 #include "ui/operation_overlay_component.h"
-#include "ui/text_manager.h"
-
-#include <QCoreApplication>
 
 void Widget::initOperationOverlay()
 {
     operation_overlay = new OperationOverlayComponent(chrome_container);
     operation_overlay->hide();
-    connect(operation_overlay, &OperationOverlayComponent::autoHideTimeout, this,
-            &Widget::onOperationHideTimeout);
+    feedback->setOverlay(operation_overlay);
 }
 
 void Widget::showOperationLoading()
 {
-    if (!operation_overlay || !text_mgr)
-        return;
-    overlay_min_display = false;
-    operation_overlay->showLoading(text_mgr->getTextWithFallback("point_info.loading"));
-    // Paint the card before the blocking call that follows starts.
-    QCoreApplication::processEvents(QEventLoop::ExcludeUserInputEvents
-                                    | QEventLoop::ExcludeSocketNotifiers);
+    feedback->showOperationLoading();
 }
 
 void Widget::showOperationResult(int status)
 {
-    overlay_min_display = false;
-    if (!operation_overlay)
-        return;
-    if (!text_mgr) {
-        operation_overlay->hideOverlay();
-        return;
-    }
-    // After a lock change the page's own guide is due once the card is gone.
-    if (status == kStatusLocked || status == kStatusUnlocked)
-        guide_after_overlay = true;
-    operation_overlay->showResultCode(
-        status, [this](const QString& key) { return text_mgr->getTextWithFallback(key); },
-        kResultDisplayMs);
+    feedback->showOperationResult(status);
 }
 
 void Widget::showOperationResult(bool ok)
 {
-    showOperationResult(ok ? 0 : -3);
+    feedback->showOperationResult(ok);
 }
 
 void Widget::showOperationResult(bool ok, const QString& text)
 {
-    overlay_min_display = false;
-    if (operation_overlay)
-        operation_overlay->showResult(ok, text, kResultDisplayMs);
+    feedback->showOperationResult(ok, text);
 }
 
 void Widget::showOperationWarning(const QString& text)
 {
-    overlay_min_display = false;
-    if (operation_overlay)
-        operation_overlay->showWarning(text, kResultDisplayMs);
+    feedback->showOperationWarning(text);
 }
 
 void Widget::hideOperationOverlay()
 {
-    overlay_min_display = false;
-    if (operation_overlay)
-        operation_overlay->hideOverlay();
-    if (guide_after_overlay) {
-        guide_after_overlay = false;
-        showGestureGuideForPage(get_current_pageid(), true);
-    }
+    feedback->hideOperationOverlay();
 }
 
 void Widget::onOperationHideTimeout()
 {
-    hideOperationOverlay();
+    feedback->onOperationHideTimeout();
 }
 
 bool Widget::isOperationOverlayActive() const
 {
-    return operation_overlay && operation_overlay->isActive();
+    return feedback->isOperationOverlayActive();
 }
 
 bool Widget::isOperationInProgress() const
 {
-    return operation_overlay && operation_overlay->isInProgress();
+    return feedback->isOperationInProgress();
+}
+
+void Widget::updateOperationOverlayLayout(const QString& text)
+{
+    feedback->updateOperationOverlayLayout(text);
 }
 
 bool Widget::consumeTouchBeginForOperationOverlay()
 {
-    if (!isOperationOverlayActive())
+    if (!feedback->consumeTouchBeginForOperationOverlay())
         return false;
-    const bool held =
-        operation_overlay->isInProgress()
-        || (overlay_min_display && overlay_min_display_ms > 0 && overlay_min_display_timer.isValid()
-            && overlay_min_display_timer.elapsed() < overlay_min_display_ms);
-    // A result is dismissed by the touch; loading (or a card still inside its
-    // minimum display time) stays. Either way the touch is used up.
-    if (!held)
-        hideOperationOverlay();
     consumeCurrentTouchSequence();
     return true;
+}
+
+bool Widget::startAsyncControlRequest(std::function<int()> job, int refreshPage,
+                                      const QString& warningText)
+{
+    return control_runner->startAsyncControlRequest(std::move(job), refreshPage, warningText);
+}
+
+bool Widget::finishPendingPushStreamSwitchIfReady(const EncoderShortcutPageVM& vm)
+{
+    return control_runner->finishPendingPushStreamSwitchIfReady(vm);
+}
+
+void Widget::refreshCurrentPageAfterAsyncControl(int page)
+{
+    if (!appMgr || page < 0 || page != get_current_pageid())
+        return;
+    if (page == PAGE_ENCODER_SHORTCUT_3) {
+        const EncoderShortcutPageVM vm = appMgr->buildEncoderShortcutPageVm(nullptr);
+        finishPendingPushStreamSwitchIfReady(vm);
+        emit requestEncoderShortcutPage3Update(vm);
+        return;
+    }
+    // Rebuild first, so that the model's last-seen value is the fresh one and
+    // the next tick doesn't deliver the same state again.
+    switch (asyncRefreshModelForPage(page)) {
+    case AsyncRefreshModel::EncoderShortcut:
+        appMgr->buildEncoderShortcutPageVm(nullptr);
+        break;
+    case AsyncRefreshModel::DecoderShortcut:
+        appMgr->buildDecoderShortcutPageVm(nullptr);
+        break;
+    case AsyncRefreshModel::Decoding:
+        appMgr->buildDecodingSettingsPageVm(nullptr);
+        break;
+    case AsyncRefreshModel::None:
+        break;
+    }
+    emit requestPageRefresh(page);
 }

@@ -2,6 +2,7 @@
 // screen only through these gates: the operation card, standby, the LCD lock.
 #include "shell/widget.h"
 
+#include "control/idle_sleep_controller.h"
 #include "input/touch_event_handler.h"
 #include "pages/general_slider_page_widget.h"
 #include "pages/i_gesture_handler.h"
@@ -128,25 +129,17 @@ void Widget::onSliderReleaseReq(QSlider* slider, int value)
 
 void Widget::onTouchBeginReq()
 {
-    if (screensaver_active) {
-        // A touch that wakes the screen does nothing else.
-        LCD_Sleep_time_refresh();
-        hide_screensaver();
-        idle_home_time_refresh(-1);
+    // Every touch restores the brightness and restarts the sleep timer; one
+    // that wakes the screen from the screensaver does nothing else.
+    if (idle_sleep->touchBeginWakesScreen()) {
         consumeCurrentTouchSequence();
         return;
     }
-    LCD_Sleep_time_refresh();
     if (!consumeTouchBeginForOperationOverlay() && gesture_guide && gesture_guide->isVisible()) {
         hideGestureGuideOverlay();
         consumeCurrentTouchSequence();
     }
     idle_home_time_refresh(-1);
-}
-
-bool Widget::is_standby_visible() const
-{
-    return standby_visible || (standby_page && standby_page->isVisible());
 }
 
 bool Widget::isButtonInStandbyPage(QPushButton* btn) const

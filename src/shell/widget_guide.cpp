@@ -3,8 +3,8 @@
 // locked.
 #include "shell/widget.h"
 
+#include "control/idle_sleep_controller.h"
 #include "model/app_manager.h"
-#include "pages/upgrade_widget.h"
 #include "ui/text_manager.h"
 
 void Widget::initGestureGuideOverlay()
@@ -28,8 +28,7 @@ void Widget::showGestureGuideForPage(int page, bool autoShow)
 {
     if (!gesture_guide || !text_mgr || !guide_counter)
         return;
-    if ((upgrade_page && upgrade_page->isVisible()) || standby_visible || splash_visible
-        || isOperationOverlayActive())
+    if (idle_sleep->gestureGuideRefused() || splash_visible || isOperationOverlayActive())
         return;
     const int type = getActiveGestureGuideTypeForPage(page, lcd_touch_locked);
     if (guide_counter->admit(type, autoShow))

@@ -2,6 +2,13 @@
 // page table, the theme, and the teardown in reverse.
 #include "shell/widget.h"
 
+#include "control/async_control_runner.h"
+#include "control/disk_speed_test_session.h"
+#include "control/idle_sleep_controller.h"
+#include "control/in_place_controls.h"
+#include "control/modal_flows.h"
+#include "control/ndi_search_session.h"
+#include "control/operation_feedback.h"
 #include "input/touch_event_handler.h"
 #include "model/app_manager.h"
 #include "pages/audio_settings_page_widget.h"
@@ -27,6 +34,7 @@
 #include "pages/system_settings_page_widget.h"
 #include "pages/upgrade_widget.h"
 #include "pages/video_settings_page_widget.h"
+#include "shell/widget_surfaces.h"
 #include "transport/harvelin_log.h"
 #include "ui/text_manager.h"
 
@@ -47,16 +55,24 @@ template <class Page> Page* addStackedPage(QStackedWidget* stack, UITextManager*
 
 } // namespace
 
-Widget::Widget(QWidget* parent) : QWidget(parent)
+Widget::Widget(QWidget* parent, ControlTimeSource* time)
+    : QWidget(parent), control_time(time ? *time : systemTimeSource())
 {
     appMgr = new AppManager(this);
     touch_handler = new TouchEventHandler(this);
     text_mgr = new UITextManager(this, 0);
+    initAsyncWorkerWatchers();
     ui_init();
 }
 
 Widget::~Widget()
 {
+    // A speed test still measuring has nothing left to report. Jobs that
+    // still run on the pool must end before the model they call goes; the
+    // speed test's start request is waited for when its session is destroyed.
+    cancelDiskSpeedTestSession();
+    ndi_search->waitForJob();
+    control_runner->waitForJob();
     ui_deinit();
 }
 
@@ -75,6 +91,7 @@ void Widget::ui_init()
     connectCoreSignals();
     connectModalSignals();
     connectPageUpdateSignals();
+    connectAsyncWorkerSignals();
     init_appconnect_page_exit_timer();
     connect_submenu_click();
     init_page_refresh_timer();
@@ -263,10 +280,4 @@ void Widget::ui_deinit()
 int Widget::workMode() const
 {
     return currentWorkMode();
-}
-
-int Widget::currentWorkMode() const
-{
-    QMutexLocker lock(&state_mutex);
-    return work_mode;
 }

@@ -55,20 +55,14 @@ void Widget::onLcdLockClicked(bool enabled)
     showOperationResult(lock ? kStatusLocked : kStatusUnlocked);
 }
 
-void Widget::onShortcutKeyClicked(const QString& function)
+void Widget::onLcdLockKeyPressed()
 {
-    if (function == QLatin1String("LockLcd")) {
-        if (!appMgr)
-            return;
-        const bool lock = !appMgr->buildCameraSettingsPageVm(nullptr).lcd_lock_on;
-        if (!changeLcdLock(lock))
-            return;
-        if (lock)
-            goto_page(PAGE_STATUS_1);
-        showOperationResult(lock ? kStatusLocked : kStatusUnlocked);
-    } else if (function == QLatin1String("Standby")) {
-        enterConfirmDialog(3, PAGE_SHORTCUT, 0, 1);
-    } else if (function == QLatin1String("Restart")) {
-        enterConfirmDialog(1, PAGE_SHORTCUT, 0, 1);
-    }
+    if (!appMgr)
+        return;
+    const bool lock = !appMgr->buildCameraSettingsPageVm(nullptr).lcd_lock_on;
+    if (!changeLcdLock(lock))
+        return;
+    if (lock)
+        goto_page(PAGE_STATUS_1);
+    showOperationResult(lock ? kStatusLocked : kStatusUnlocked);
 }

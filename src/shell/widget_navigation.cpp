@@ -2,6 +2,8 @@
 // detection against the model, and the switch itself in doPageSwitch.
 #include "shell/widget.h"
 
+#include "control/disk_speed_test_session.h"
+#include "control/modal_openings.h"
 #include "model/app_manager.h"
 #include "pages/connect_app_widget.h"
 #include "pages/shortcut_page_widget.h"
@@ -60,6 +62,8 @@ void Widget::goto_page(int pageid)
         return;
     }
     const bool already_shown = page_stack->currentWidget() == target;
+    if (pageid == PAGE_DECODER_SHORTCUT_3 && !already_shown)
+        startDecNdiFindAsync();
 
     const bool changed = pageVmChanged(pageid);
     bool bar_changed = false;
@@ -67,7 +71,7 @@ void Widget::goto_page(int pageid)
     setLcdTouchLocked(lockStateFromModel(bar.lcd_locked));
     bar.lcd_locked = lcd_touch_locked;
 
-    const bool dimmed_status_page = lcd_low_brightness == 1 && isStatusPage(pageid);
+    const bool dimmed_status_page = lcdLowBrightness() == 1 && isStatusPage(pageid);
     if (dimmed_status_page) {
         first_use_connect_bypass = false;
     } else if (lcd_touch_locked) {
@@ -117,6 +121,10 @@ void Widget::doPageSwitch(int pageid)
         modal_pageid = pageid;
         modal_active = true;
     } else {
+        // A running speed test survives navigation; an idle one's leftovers
+        // become stale.
+        if (current_pageid != pageid)
+            disk_speed->onPageSwitched();
         if (before != target)
             page_stack->setCurrentWidget(target);
         current_pageid = pageid;
@@ -136,7 +144,7 @@ void Widget::syncPageContextToAppMgr()
 {
     if (!appMgr)
         return;
-    const int page = standby_visible ? static_cast<int>(PAGE_STANDBY) : current_pageid;
+    const int page = inStandby() ? static_cast<int>(PAGE_STANDBY) : current_pageid;
     const int modal = modal_active ? modal_pageid : -1;
     appMgr->setCurrentPageContext(page, modal);
 }
@@ -150,7 +158,10 @@ void Widget::onMainMenuItemClicked(const QString& menuKey)
             goto_page(PAGE_AUDIO_SETTINGS);
         } else if (appMgr) {
             // Outside encoding the audio entry is the output volume alone.
-            enterSliderMode(3, PAGE_MAIN_MENU_1, appMgr->buildAudioSettingsPageVm(nullptr).volume);
+            const auto slider = audioMenuKeySliderOpening(
+                currentWorkMode(), appMgr->buildAudioSettingsPageVm(nullptr));
+            if (slider)
+                enterSliderMode(slider->sliderType, slider->returnPage, slider->value);
         }
     } else if (menuKey == QLatin1String("STREAMING")) {
         goto_page(PAGE_MEDIA_SETTINGS_1);

@@ -3,6 +3,8 @@
 // doPageRefresh hand the page a fresh view model.
 #include "shell/widget.h"
 
+#include "control/disk_speed_test_session.h"
+#include "control/modal_flows.h"
 #include "model/app_manager.h"
 #include "pages/connect_app_widget.h"
 #include "pages/dynamic_screensaver_widget.h"
@@ -49,13 +51,13 @@ void Widget::deinit_page_refresh_timer()
 
 void Widget::on_page_refresh_timeout()
 {
-    if (screensaver_active && screensaver) {
-        screensaver->updateFromVm(appMgr ? appMgr->buildDynamicScreensaverVm(standby_visible)
+    if (isScreensaverActive() && screensaver) {
+        screensaver->updateFromVm(appMgr ? appMgr->buildDynamicScreensaverVm(inStandby())
                                          : DynamicScreensaverVM());
         screensaver->raise();
         return;
     }
-    if (standby_visible) {
+    if (inStandby()) {
         goto_page(PAGE_STANDBY);
         return;
     }
@@ -102,14 +104,14 @@ bool Widget::pageVmChanged(int page)
     case PAGE_MEDIA_SETTINGS_1:
     case PAGE_MEDIA_SETTINGS_2:
         build(&AppManager::buildMediaSettingsPageVm);
-        changed = changed || disk_speed_session_flag;
+        changed = changed || disk_speed->sessionFlag();
         break;
     case PAGE_DECODING_SETTINGS:
         build(&AppManager::buildDecodingSettingsPageVm);
         break;
     case PAGE_ENCODER_SHORTCUT_1:
         build(&AppManager::buildEncoderShortcutPageVm);
-        changed = changed || disk_speed_session_flag;
+        changed = changed || disk_speed->sessionFlag();
         break;
     case PAGE_ENCODER_SHORTCUT_2:
     case PAGE_ENCODER_SHORTCUT_3:
@@ -205,7 +207,7 @@ void Widget::deliverPageVm(int page)
     case PAGE_MEDIA_SETTINGS_1:
     case PAGE_MEDIA_SETTINGS_2: {
         MediaSettingsPageVM vm = appMgr->getMediaSettingsPageVm();
-        vm.disk_speed_testing = disk_speed_session_flag;
+        vm.disk_speed_testing = disk_speed->sessionFlag();
         if (page == PAGE_MEDIA_SETTINGS_1)
             emit requestMediaSettingsPage1Update(vm);
         else
@@ -217,16 +219,20 @@ void Widget::deliverPageVm(int page)
         break;
     case PAGE_ENCODER_SHORTCUT_1: {
         EncoderShortcutPageVM vm = appMgr->getEncoderShortcutPageVm();
-        vm.disk_speed_testing = disk_speed_session_flag;
+        vm.disk_speed_testing = disk_speed->sessionFlag();
         emit requestEncoderShortcutPage1Update(vm);
         break;
     }
     case PAGE_ENCODER_SHORTCUT_2:
         emit requestEncoderShortcutPage2Update(appMgr->getEncoderShortcutPageVm());
         break;
-    case PAGE_ENCODER_SHORTCUT_3:
-        emit requestEncoderShortcutPage3Update(appMgr->getEncoderShortcutPageVm());
+    case PAGE_ENCODER_SHORTCUT_3: {
+        // A push stream switch waits for this delivery to show its result.
+        const EncoderShortcutPageVM vm = appMgr->getEncoderShortcutPageVm();
+        finishPendingPushStreamSwitchIfReady(vm);
+        emit requestEncoderShortcutPage3Update(vm);
         break;
+    }
     case PAGE_DECODER_SHORTCUT_1:
         emit requestDecoderShortcutPage1Update(appMgr->getDecoderShortcutPageVm());
         break;
@@ -237,13 +243,13 @@ void Widget::deliverPageVm(int page)
         emit requestDecoderShortcutPage3Update(appMgr->getDecoderShortcutPageVm());
         break;
     case PAGE_GENERAL_EDIT:
-        emit requestEditModePageUpdate(edit_vm);
+        emit requestEditModePageUpdate(modal_flows->editVm());
         break;
     case PAGE_GENERAL_SLIDER:
-        emit requestSliderModePageUpdate(slider_vm);
+        emit requestSliderModePageUpdate(modal_flows->sliderVm());
         break;
     case PAGE_GENERAL_CONFIRM:
-        emit requestConfirmDialogPageUpdate(confirm_vm);
+        emit requestConfirmDialogPageUpdate(modal_flows->confirmVm());
         break;
     case PAGE_STANDBY:
         emit requestStandbyPageUpdate(appMgr->buildStandbyPageVm());
@@ -283,8 +289,8 @@ void Widget::handleLanguageChange()
     set_all_page_dirty();
     force_page_refresh = true;
     // No tick reaches a page while the screensaver runs, so it is told now.
-    if (screensaver_active && screensaver)
-        screensaver->updateFromVm(appMgr ? appMgr->buildDynamicScreensaverVm(standby_visible)
+    if (isScreensaverActive() && screensaver)
+        screensaver->updateFromVm(appMgr ? appMgr->buildDynamicScreensaverVm(inStandby())
                                          : DynamicScreensaverVM());
 }
 
@@ -327,7 +333,7 @@ void Widget::on_status_switch_timeout()
 {
     if (!appMgr)
         return;
-    if (lcd_low_brightness != 1) {
+    if (lcdLowBrightness() != 1) {
         if (status_switch_timer)
             status_switch_timer->stop();
         return;

@@ -105,7 +105,6 @@ void Widget::refreshInitialPageData()
     idle_home_time_refresh(first_page);
     current_pageid = first_page;
     modal_pageid = -1;
-    standby_visible = false;
     modal_active = false;
     syncPageContextToAppMgr();
 

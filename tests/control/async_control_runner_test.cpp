@@ -74,6 +74,21 @@ TEST_F(AsyncControl, SlowJobShowsLoadingDropsASecondRequestAndEndsWithItsResult)
     EXPECT_TRUE(publishOn(2));
 }
 
+TEST_F(AsyncControl, RequestQueuedBehindTheFirstIsRefusedWhileItsCardPaints)
+{
+    // Painting the loading card runs the event loop; a click queued before
+    // the card appeared runs inside it and must find the runner busy.
+    int second = -1;
+    QMetaObject::invokeMethod(
+        &runner, [&] { second = runner.startAsyncControlRequest(pushSwitch(2, 1), 21) ? 1 : 0; },
+        Qt::QueuedConnection);
+    ASSERT_TRUE(runner.startAsyncControlRequest(pushSwitch(1, 1), 21));
+    EXPECT_EQ(second, 0);
+    ASSERT_TRUE(waitUntil([&] { return finished(); }));
+    EXPECT_TRUE(publishOn(1));
+    EXPECT_FALSE(publishOn(2));
+}
+
 TEST_F(AsyncControl, FailureShowsItsMappedTextAndReportsThePage)
 {
     backend.control("status update_publish_switch 60002");

@@ -3,6 +3,7 @@
 // returns a page home on a per-page schedule.
 #include "shell_rig.h"
 
+#include "control/idle_sleep_controller.h"
 #include "pages/dynamic_screensaver_widget.h"
 #include "pages/standby_page_widget.h"
 #include "pages/status_bar_widget.h"
@@ -10,7 +11,6 @@
 
 #include <QPushButton>
 #include <QSignalSpy>
-#include <QTimer>
 #include <gtest/gtest.h>
 
 using shelltest::PanelRig;
@@ -34,7 +34,7 @@ TEST_F(ShellDeviceStates, StandbyCoversThePagesUntilTheWakeButton)
     EXPECT_TRUE(w().standbyPage()->isVisible());
     EXPECT_FALSE(w().chromeContainer()->isVisible());
     EXPECT_FALSE(w().statusBar()->isVisible());
-    EXPECT_FALSE(w().idleHomeTimer()->isActive());
+    EXPECT_FALSE(w().idleSleep()->isIdleHomeTimerActive());
     EXPECT_EQ(w().lcdLowBrightness(), 1) << "standby dims the LCD";
     rig.screenshot("standby");
 
@@ -59,7 +59,7 @@ TEST_F(ShellDeviceStates, AnUpgradeCoversEverything)
 {
     rig.control("upgrade");
     ASSERT_TRUE(testsupport::waitUntil([&] { return w().upgradePage()->isVisible(); }));
-    EXPECT_FALSE(w().idleHomeTimer()->isActive());
+    EXPECT_FALSE(w().idleSleep()->isIdleHomeTimerActive());
     rig.screenshot("upgrade");
     // No guide comes over it.
     w().showGestureGuideForPage(PAGE_STATUS_1, false);
@@ -68,16 +68,16 @@ TEST_F(ShellDeviceStates, AnUpgradeCoversEverything)
 
 TEST_F(ShellDeviceStates, IdleTimeReturnsHomeOnAPerPageSchedule)
 {
-    QTimer* idle = w().idleHomeTimer();
+    IdleSleepController* idle = w().idleSleep();
     w().goto_page(PAGE_STATUS_2);
-    EXPECT_FALSE(idle->isActive()) << "home pages don't time out";
+    EXPECT_FALSE(idle->isIdleHomeTimerActive()) << "home pages don't time out";
     w().goto_page(PAGE_ENCODER_SHORTCUT_1);
-    EXPECT_FALSE(idle->isActive()) << "neither does the record page";
+    EXPECT_FALSE(idle->isIdleHomeTimerActive()) << "neither does the record page";
     w().goto_page(PAGE_ENCODER_SHORTCUT_2);
-    ASSERT_TRUE(idle->isActive());
-    EXPECT_EQ(idle->interval(), 60000);
+    ASSERT_TRUE(idle->isIdleHomeTimerActive());
+    EXPECT_EQ(idle->idleHomeInterval(), 60000);
     w().goto_page(PAGE_CONNECT_APP);
-    EXPECT_EQ(idle->interval(), 300000);
+    EXPECT_EQ(idle->idleHomeInterval(), 300000);
 
     w().goto_page(PAGE_SYSTEM_SETTINGS_2);
     w().on_idle_home_timeout();

@@ -3,6 +3,7 @@
 // the page the stack shows, its dots, arrows and breadcrumb.
 #include "shell_rig.h"
 
+#include "control/ndi_search_session.h"
 #include "pages/status_bar_widget.h"
 #include "ui/components/submenu_arrows_component.h"
 #include "ui/text_manager.h"
@@ -114,6 +115,10 @@ TEST_F(ShellNavigation, DecodeHomeGroupHasFivePages)
         rig, [&] { right(); }, PAGE_DECODER_SHORTCUT_3));
     expectPage(PAGE_DECODER_SHORTCUT_3, "home_decode_ndi");
     EXPECT_EQ(shownDotIndex(w()), 0);
+    // Coming onto the NDI page starts a source search; its cards block
+    // gestures until the search has ended and a touch has taken the card.
+    ASSERT_TRUE(testsupport::waitUntil([&] { return !w().ndiSearchSession()->isRunning(); }));
+    w().onTouchBeginReq();
     ASSERT_TRUE(gestureUntilPage(
         rig, [&] { left(); }, PAGE_DECODER_SHORTCUT_2));
     ASSERT_TRUE(gestureUntilPage(

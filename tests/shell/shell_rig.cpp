@@ -77,7 +77,9 @@ PanelRig::PanelRig(RigOptions options) : options_(std::move(options))
     fifo_path_ = dir_.file("test_cmd.fifo");
     setEnv("VANTOR_GUI_TEST_CMD", options_.test_pipe ? "1" : "0");
     setEnv("VANTOR_GUI_TEST_CMD_PATH", fifo_path_);
-    widget_ = std::make_unique<Widget>();
+    if (options_.manual_time)
+        clock_ = std::make_unique<ManualTimeSource>();
+    widget_ = std::make_unique<Widget>(nullptr, clock_.get());
     if (options_.manual_ticks)
         widget_->pageRefreshTimer()->stop();
 }

@@ -2,6 +2,7 @@
 // A whole panel under test: the window built as the program builds it, its
 // backend a simulator running in this process on private endpoints (or no
 // backend at all), its test pipe in a private folder.
+#include "control/manual_time_source.h"
 #include "shell/widget.h"
 #include "simulator.h"
 #include "support/test_support.h"
@@ -27,6 +28,9 @@ struct RigOptions {
     // The test drives the refresh cycle itself (tick()); the window's own
     // one-second timer is stopped so that it can't tick in between.
     bool manual_ticks = true;
+    // The shell's idle, sleep and session timers run on a clock that only
+    // the test moves (clock()); otherwise on Qt's.
+    bool manual_time = false;
 };
 
 class PanelRig {
@@ -38,6 +42,8 @@ public:
 
     Widget& panel() { return *widget_; }
     sim::Simulator& simulator() { return *simulator_; }
+    // The hand-driven clock; only with RigOptions::manual_time.
+    ManualTimeSource& clock() { return *clock_; }
     // A control command of the simulator; fails the test on an error reply.
     std::string control(const std::string& line);
 
@@ -62,6 +68,7 @@ private:
     RigOptions options_;
     testsupport::TempDir dir_;
     std::unique_ptr<sim::Simulator> simulator_;
+    std::unique_ptr<ManualTimeSource> clock_;
     std::unique_ptr<Widget> widget_;
     std::string fifo_path_;
 };

@@ -18,11 +18,19 @@ template <class T> QList<T> toQList(const std::vector<T>& items)
     return QList<T>(items.begin(), items.end());
 }
 
+// Each record disk has one task, named after the disk; the record topic
+// reports it under that name.
+const char* const kRecordTaskIdOfSlot[] = {"sdcard_0", "usb1_0", "nas1_0"};
+
 void fillRecordDisk(EncoderShortcutPageVM& vm, const ZmqSubCache& sub, int id)
 {
     const int slot = recordDiskSlot(id);
     vm.record_status = sub.record_status[slot];
-    vm.record_task_id = QString::fromStdString(sub.record_task_id[slot]);
+    // Until the record topic has reported, the slot is empty; the record
+    // button must still name the disk's task.
+    const std::string& reported = sub.record_task_id[slot];
+    vm.record_task_id =
+        QString::fromStdString(reported.empty() ? kRecordTaskIdOfSlot[slot] : reported);
     vm.disk_status = getDiskStatus(sub, id);
     vm.disk_total = static_cast<int>(getRecordDiskTotalSpace(sub, id));
     vm.disk_used = static_cast<int>(getRecordDiskUsedSpace(sub, id));
