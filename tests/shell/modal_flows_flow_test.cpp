@@ -3,6 +3,7 @@
 // changes the simulated device, and the window follows with texts, theme,
 // sleep timer or standby.
 #include "panel_controls.h"
+#include "support/test_support.h"
 
 #include "control/idle_sleep_controller.h"
 #include "control/modal_flows.h"
@@ -166,7 +167,9 @@ TEST_F(ShellModalFlows, StandbyFromTheDialogAndBackWithTheWakeButton)
     EXPECT_TRUE(w().is_standby_visible()) << "the dialog enters standby at once";
     EXPECT_FALSE(w().isModalActive());
     EXPECT_EQ(w().lcdLowBrightness(), 1);
-    // The topic confirms; the repeated entry changes nothing.
+    // The topic confirms; the repeated entry changes nothing. Waiting for it
+    // also keeps a late standby topic from landing after the wake below.
+    ASSERT_TRUE(testsupport::waitUntil([&] { return w().appManager()->getRunStatus() == 0; }));
     rig.tick();
     EXPECT_TRUE(w().is_standby_visible());
 
