@@ -5,8 +5,13 @@
 
 #include <QApplication>
 
+#include <cstdio>
+
 int main(int argc, char* argv[])
 {
+    // The log goes to stdout; line buffering keeps it live in a pipe or the
+    // journal and loses nothing but the last line at a crash.
+    std::setvbuf(stdout, nullptr, _IOLBF, 0);
     // Touch and mouse are never turned into each other: the panel reads raw
     // touch and has no mouse.
     QCoreApplication::setAttribute(Qt::AA_SynthesizeTouchForUnhandledMouseEvents, false);
