@@ -1,7 +1,7 @@
 #pragma once
 // Scripted stand-ins for the web and media server daemons on ipc endpoints in
 // a private folder, and an AppManager whose worker talks to them.
-#include "model/app_manager.h"
+#include "api_calls.h"
 #include "support/scripted_daemon.h"
 #include "support/test_support.h"
 #include "transport/zmq_endpoints.h"

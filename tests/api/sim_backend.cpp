@@ -1,23 +1,17 @@
 #include "sim_backend.h"
 
-#include "support/test_support.h"
+#include <sstream>
 
 namespace apitest {
 
-SimBackendTest::SimBackendTest() : app(sim.bareAppManager())
+void expectDeviceState(const testsupport::SimFixture& device, const std::string& states)
 {
-    topic_loop = std::thread([this] { worker().process(); });
-}
-
-SimBackendTest::~SimBackendTest()
-{
-    worker().stop();
-    topic_loop.join();
-}
-
-bool SimBackendTest::waitForTopics(const std::function<bool(const ZmqSubCache&)>& accept)
-{
-    return testsupport::waitUntil([&] { return accept(worker().getSubCache()); });
+    std::istringstream in(states);
+    for (std::string state; in >> state;) {
+        const std::size_t equals = state.find('=');
+        EXPECT_EQ(device.at(state.substr(0, equals)), json::parse(state.substr(equals + 1)))
+            << state;
+    }
 }
 
 } // namespace apitest

@@ -8,6 +8,9 @@
 namespace apitest {
 namespace {
 
+using A = AppManager;
+using W = ZmqSubWorker;
+
 // In time for the long waits, too late for the default one of 1000 ms.
 constexpr milliseconds kLate(1200);
 // Too late for the waits of 3000 ms and 7000 ms.
@@ -22,7 +25,7 @@ const json kOpenableDevice = json::parse(
 
 struct LateCase {
     const char* label;
-    const char* operation;
+    const char* operation; // answered after `delay`
     std::function<int(AppManager&)> call;
     int status;
     const char* reply = kGoodReply;
@@ -55,44 +58,32 @@ void expectStatuses(const std::vector<LateCase>& cases)
 
 TEST(Timeout, LongOperationsOutwaitALateAnswerOthersDoNot)
 {
-    using A = AppManager;
     expectStatuses({
-        {"work mode waits 3 s", "change_workmode", [](A& a) { return a.setWorkMode(1); }, 0},
-        {"usb otg waits 1 s", "set_usb_otg_id", [](A& a) { return a.setUsbOtgMode(1); }, -3},
-        {"wifi waits 3 s", "wifi_switch", [](A& a) { return a.setWifiSwitch(0); }, 0},
-        {"ap waits 3 s", "ap_switch", [](A& a) { return a.setApSwitch(0); }, 0},
+        {"work mode waits 3 s", "change_workmode", call(&A::setWorkMode, 1), 0},
+        {"usb otg waits 1 s", "set_usb_otg_id", call(&A::setUsbOtgMode, 1), -3},
+        {"wifi waits 3 s", "wifi_switch", call(&A::setWifiSwitch, 0), 0},
+        {"ap waits 3 s", "ap_switch", call(&A::setApSwitch, 0), 0},
         {"publish switch waits 10 s", "update_publish_switch",
-         [](A& a) { return a.setEncNetStreamSwitch(1, 1); }, 0},
-        {"publish delete waits 1 s", "del_publish_info",
-         [](A& a) { return a.subWorker()->deleteEncNetStream(1); }, -3},
-        {"record enable waits 10 s", "set_task_enable",
-         [](A& a) { return a.setRecordTaskEnable("r", 1); }, 0},
-        {"record name waits 1 s", "set_task_info",
-         [](A& a) { return a.subWorker()->setRecordTaskName("r", "n"); }, -3},
-        {"ai enable waits 3 s", "/ai/ai_tracking/tracking_enable",
-         [](A& a) { return a.setAiEnable(1); }, 0},
-        {"matting enable waits 3 s", "/ai/image_matting/im_enable",
-         [](A& a) { return a.setGskEnable(1); }, 0},
-        {"ai select waits 1 s", "/ai/ai_tracking/select_obj",
-         [](A& a) { return a.subWorker()->setAiTrackingSelectObj(1); }, -3},
-        {"speed test waits 1 s", "test_storage_speed",
-         [](A& a) { return a.setStorageSpeedTest(0); }, -3},
-        {"pull switch waits 7 s", "streamplay_switch",
-         [](A& a) { return a.setDecNetStreamSwitch(0, 1); }, 0},
-        {"pull delete waits 1 s", "streamplay_del",
-         [](A& a) { return a.subWorker()->setDecNetStreamDel(0); }, -3},
-        {"ndi receive waits 7 s", "ndi_recv", [](A& a) { return a.setDecNdiRecv("CAM"); }, 0},
-        {"ndi close waits 7 s", "ndi_close", [](A& a) { return a.setDecNdiClose(); }, 0},
-        {"ndi search waits 1 s", "ndi_find", [](A& a) { return a.findDecNdi(); }, -3},
-        {"srt listener waits 7 s", "server_switch",
-         [](A& a) { return a.subWorker()->setDecSrtServerSwitch(0); }, 0},
-        {"uvc open waits 7 s", "uvc_open", [](A& a) { return a.setDecUvcOpen(2); }, 0},
-        {"uvc close waits 7 s", "uvc_close", [](A& a) { return a.setDecUvcClose(2); }, 0},
-        // The SRT listener's play switch has the RTMP switch's `opt` but not its wait.
-        {"rtmp play switch waits 7 s", "play_switch",
-         [](A& a) { return a.setDecRtmpServerSwitch(0, 1); }, 0},
-        {"srt play switch waits 1 s", "play_switch", [](A& a) { return a.setDecSrtPlaySwitch(1); },
+         call(&A::setEncNetStreamSwitch, 1, 1), 0},
+        {"publish delete waits 1 s", "del_publish_info", call(&W::deleteEncNetStream, 1), -3},
+        {"record enable waits 10 s", "set_task_enable", call(&A::setRecordTaskEnable, "r", 1), 0},
+        {"record name waits 1 s", "set_task_info", call(&W::setRecordTaskName, "r", "n"), -3},
+        {"ai enable waits 3 s", "/ai/ai_tracking/tracking_enable", call(&A::setAiEnable, 1), 0},
+        {"matting enable waits 3 s", "/ai/image_matting/im_enable", call(&A::setGskEnable, 1), 0},
+        {"ai select waits 1 s", "/ai/ai_tracking/select_obj", call(&W::setAiTrackingSelectObj, 1),
          -3},
+        {"speed test waits 1 s", "test_storage_speed", call(&A::setStorageSpeedTest, 0), -3},
+        {"pull switch waits 7 s", "streamplay_switch", call(&A::setDecNetStreamSwitch, 0, 1), 0},
+        {"pull delete waits 1 s", "streamplay_del", call(&W::setDecNetStreamDel, 0), -3},
+        {"ndi receive waits 7 s", "ndi_recv", call(&A::setDecNdiRecv, "CAM"), 0},
+        {"ndi close waits 7 s", "ndi_close", call(&A::setDecNdiClose), 0},
+        {"ndi search waits 1 s", "ndi_find", call(&A::findDecNdi), -3},
+        {"srt listener waits 7 s", "server_switch", call(&W::setDecSrtServerSwitch, 0), 0},
+        {"uvc open waits 7 s", "uvc_open", call(&A::setDecUvcOpen, 2), 0},
+        {"uvc close waits 7 s", "uvc_close", call(&A::setDecUvcClose, 2), 0},
+        // The SRT listener's play switch has the RTMP switch's `opt` but not its wait.
+        {"rtmp play switch waits 7 s", "play_switch", call(&A::setDecRtmpServerSwitch, 0, 1), 0},
+        {"srt play switch waits 1 s", "play_switch", call(&A::setDecSrtPlaySwitch, 1), -3},
     });
 }
 
@@ -101,30 +92,25 @@ TEST(Timeout, LongOperationsOutwaitALateAnswerOthersDoNot)
 // AI service never.
 TEST(Timeout, SilenceIsSuccessOnlyWhereTheDaemonMayGoAway)
 {
-    using A = AppManager;
     expectStatuses({
-        {"standby", "power_off", [](A& a) { return a.setStandby(); }, 0, "{}"},
-        {"wake", "power_on", [](A& a) { return a.exitStandby(); }, 0, "{}"},
-        {"reboot", "set_reboot_info", [](A& a) { return a.setReboot(); }, -3, "{}"},
-        {"fan", "set_fan_mode", [](A& a) { return a.setFanMode(2); }, -3, "{}"},
-        {"a read", "get_fan_mode", [](A& a) { return a.getFanMode(); }, -3, "{}"},
-        {"srt local on", "set_srt_local_switch", [](A& a) { return a.setEncSrtServerSwitch(1); }, 0,
-         "{}"},
-        {"srt local off", "set_srt_local_switch", [](A& a) { return a.setEncSrtServerSwitch(0); },
-         -3, "{}"},
-        {"wifi on", "wifi_switch", [](A& a) { return a.setWifiSwitch(1); }, 0, "{}",
-         kPastThreeSeconds},
-        {"wifi off", "wifi_switch", [](A& a) { return a.setWifiSwitch(0); }, -3, "{}",
-         kPastThreeSeconds},
-        {"ap on", "ap_switch", [](A& a) { return a.setApSwitch(1); }, -3, "{}", kPastThreeSeconds},
-        {"ai select", "/ai/ai_tracking/select_obj",
-         [](A& a) { return a.subWorker()->setAiTrackingSelectObj(1); }, -3, "{}"},
+        {"standby", "power_off", call(&A::setStandby), 0, "{}"},
+        {"wake", "power_on", call(&A::exitStandby), 0, "{}"},
+        {"reboot", "set_reboot_info", call(&A::setReboot), -3, "{}"},
+        {"fan", "set_fan_mode", call(&A::setFanMode, 2), -3, "{}"},
+        {"a read", "get_fan_mode", call(&A::getFanMode), -3, "{}"},
+        // A zero-length reply is no silence.
+        {"standby answered empty", "power_off", call(&A::setStandby), -3, "", milliseconds(0)},
+        {"srt local on", "set_srt_local_switch", call(&A::setEncSrtServerSwitch, 1), 0, "{}"},
+        {"srt local off", "set_srt_local_switch", call(&A::setEncSrtServerSwitch, 0), -3, "{}"},
+        {"wifi on", "wifi_switch", call(&A::setWifiSwitch, 1), 0, "{}", kPastThreeSeconds},
+        {"wifi off", "wifi_switch", call(&A::setWifiSwitch, 0), -3, "{}", kPastThreeSeconds},
+        {"ap on", "ap_switch", call(&A::setApSwitch, 1), -3, "{}", kPastThreeSeconds},
+        {"ai select", "/ai/ai_tracking/select_obj", call(&W::setAiTrackingSelectObj, 1), -3, "{}"},
         // The panel's SRT switch: a silent listener is forgiven when switched
         // on, and the play switch still goes out with its short wait.
-        {"silent srt listener", "server_switch", [](A& a) { return a.setDecSrtServerSwitch(1); },
-         -903, "{}", kPastSevenSeconds},
-        {"silent srt playback", "play_switch", [](A& a) { return a.setDecSrtServerSwitch(1); }, -3,
-         kGoodReply},
+        {"silent srt listener", "server_switch", call(&A::setDecSrtServerSwitch, 1), -903, "{}",
+         kPastSevenSeconds},
+        {"silent srt playback", "play_switch", call(&A::setDecSrtServerSwitch, 1), -3, kGoodReply},
     });
 }
 

@@ -1,4 +1,5 @@
-// How often a guide comes up: once per run and up to the backend's limit.
+// How often a guide comes up: once per run, and up to the limit kept in the
+// backend's record.
 #include "input/gesture_guide_overlay_component.h"
 
 #include <gtest/gtest.h>
@@ -7,13 +8,13 @@ namespace {
 
 using nlohmann::json;
 
-// The backend's record, with the results of its read and write calls.
-struct FakeGuideRecord {
+// The backend's record, with the results its read and write calls give.
+struct FakeRecord {
     json record;
     int readResult = 0;
     int writeResult = 0;
     int reads = 0;
-    std::vector<json> writes;
+    int writes = 0;
 
     GestureGuideRecordAccess access()
     {
@@ -24,7 +25,7 @@ struct FakeGuideRecord {
                     return readResult;
                 },
                 [this](const json& in) {
-                    writes.push_back(in);
+                    ++writes;
                     if (writeResult >= 0)
                         record = in;
                     return writeResult;
@@ -32,138 +33,89 @@ struct FakeGuideRecord {
     }
 };
 
-class GestureGuideCounterTest : public ::testing::Test {
-protected:
-    void useRecord(const char* text) { backend.record = json::parse(text); }
+QSet<int> typesIn(const QString& text)
+{
+    QSet<int> types;
+    for (const QString& type : text.split(' ', Qt::SkipEmptyParts))
+        types.insert(type.toInt());
+    return types;
+}
 
-    FakeGuideRecord backend;
-    GestureGuideCounter counter{backend.access()};
+struct CounterCase {
+    const char* name;
+    const char* record;
+    // The guide types offered in turn, each with "+" when it is to show and
+    // "-" when not; "?" marks a request (the unlock hint after swipes on a
+    // locked LCD) rather than an automatic offer.
+    const char* offers;
+    const char* seen;
+    int reads;
+    int writes;
+    const char* recordAfter; // null: as before
 };
 
-TEST_F(GestureGuideCounterTest, ATypeAtItsLimitStaysHiddenWhileOthersShow)
+TEST(GestureGuideCounter, ShowsEachGuideOncePerRunAndUpToTheLimit)
 {
-    useRecord(R"({"force_show": 0, "shown_counts": [3, 0, 0, 0], "max_count": 3})");
-
-    EXPECT_FALSE(counter.admit(0, true));
-    EXPECT_TRUE(backend.writes.empty());
-    EXPECT_TRUE(counter.admit(1, true));
-
-    ASSERT_EQ(backend.writes.size(), 1u);
-    EXPECT_EQ(backend.writes[0],
-              json::parse(R"({"force_show": 0, "shown_counts": [3, 1, 0, 0], "max_count": 3})"));
-    EXPECT_EQ(counter.guidesSeen(), (QSet<int>{0, 1}));
-}
-
-TEST_F(GestureGuideCounterTest, ShowsEachTypeOncePerRun)
-{
-    useRecord(R"({"force_show": 0, "shown_counts": [0, 0, 0, 0], "max_count": 3})");
-
-    EXPECT_TRUE(counter.admit(0, true));
-    EXPECT_FALSE(counter.admit(0, true));
-    EXPECT_TRUE(counter.admit(3, true));
-
-    EXPECT_EQ(backend.reads, 2);
-    EXPECT_EQ(backend.record["shown_counts"], json::parse("[1, 0, 0, 1]"));
-}
-
-TEST_F(GestureGuideCounterTest, CountsUpToTheLimitOverManyRuns)
-{
-    useRecord(R"({"force_show": 0, "shown_counts": [0], "max_count": 2})");
-    int shown = 0;
-    for (int run = 0; run < 4; ++run) {
-        GestureGuideCounter freshRun(backend.access());
-        shown += freshRun.admit(0, true) ? 1 : 0;
+    const CounterCase cases[] = {
+        {"a type at its limit stays hidden while others show",
+         R"({"force_show":0,"shown_counts":[3,0,0,0],"max_count":3})", "0- 1+", "0 1", 2, 1,
+         R"({"force_show":0,"shown_counts":[3,1,0,0],"max_count":3})"},
+        {"once per run, padding a short count list",
+         R"({"force_show":0,"shown_counts":[2],"max_count":3})", "0+ 0- 3+", "0 3", 2, 2,
+         R"({"force_show":0,"shown_counts":[3,0,0,1],"max_count":3})"},
+        {"force show shows once per run without counting",
+         R"({"force_show":1,"shown_counts":[9,9,9,9],"max_count":3})", "0+ 0- 1+", "0 1", 2, 0,
+         nullptr},
+        {"a record that is no object is unreadable", "[1,2,3]", "0-", "", 1, 0, nullptr},
+        {"requests, the unlock guide and pages without a guide never reach the backend",
+         R"({"force_show":0,"shown_counts":[3,3,3,3],"max_count":3})",
+         "6- ?6+ ?6+ ?0+ -1- 2- ?4- 5- ?7-", "", 0, 0, nullptr}};
+    for (const CounterCase& c : cases) {
+        SCOPED_TRACE(c.name);
+        FakeRecord backend;
+        backend.record = json::parse(c.record);
+        GestureGuideCounter counter(backend.access());
+        for (QString offer : QString(c.offers).split(' ')) {
+            const bool shown = offer.endsWith('+');
+            const bool request = offer.startsWith('?');
+            offer.remove('?').chop(1);
+            EXPECT_EQ(counter.admit(offer.toInt(), !request), shown) << offer.toStdString();
+        }
+        EXPECT_EQ(counter.guidesSeen(), typesIn(c.seen));
+        EXPECT_EQ(backend.reads, c.reads);
+        EXPECT_EQ(backend.writes, c.writes);
+        EXPECT_EQ(backend.record, json::parse(c.recordAfter ? c.recordAfter : c.record));
     }
+}
+
+TEST(GestureGuideCounter, CountsUpToTheLimitOverManyRuns)
+{
+    FakeRecord backend;
+    backend.record = json::parse(R"({"force_show":0,"shown_counts":[0],"max_count":2})");
+    int shown = 0;
+    for (int run = 0; run < 4; ++run)
+        shown += GestureGuideCounter(backend.access()).admit(0, true) ? 1 : 0;
     EXPECT_EQ(shown, 2);
     EXPECT_EQ(backend.record["shown_counts"][0], 2);
 }
 
-TEST_F(GestureGuideCounterTest, ForceShowShowsOncePerRunWithoutCounting)
+TEST(GestureGuideCounter, AFailedReadOrWriteShowsNothingAndTriesAgain)
 {
-    useRecord(R"({"force_show": 1, "shown_counts": [9, 9, 9, 9], "max_count": 3})");
-
-    EXPECT_TRUE(counter.admit(0, true));
-    EXPECT_FALSE(counter.admit(0, true));
-    EXPECT_TRUE(counter.admit(1, true));
-
-    EXPECT_TRUE(backend.writes.empty());
-    EXPECT_EQ(counter.guidesSeen(), (QSet<int>{0, 1}));
-}
-
-TEST(GestureGuideCounterFailures, AFailedReadOrWriteShowsNothingAndTriesAgainNextTime)
-{
-    for (int FakeGuideRecord::*result :
-         {&FakeGuideRecord::readResult, &FakeGuideRecord::writeResult}) {
-        FakeGuideRecord backend;
-        backend.record =
-            json::parse(R"({"force_show": 0, "shown_counts": [0, 0, 0, 0], "max_count": 3})");
-        GestureGuideCounter counter{backend.access()};
+    for (int FakeRecord::*result : {&FakeRecord::readResult, &FakeRecord::writeResult}) {
+        FakeRecord backend;
+        backend.record = json::parse(R"({"force_show":0,"shown_counts":[0],"max_count":3})");
+        GestureGuideCounter counter(backend.access());
         backend.*result = -3;
         EXPECT_FALSE(counter.admit(0, true));
         EXPECT_TRUE(counter.guidesSeen().isEmpty());
-
         backend.*result = 0;
         EXPECT_TRUE(counter.admit(0, true));
         EXPECT_EQ(backend.record["shown_counts"][0], 1);
     }
-}
 
-TEST_F(GestureGuideCounterTest, AShortCountListIsPaddedWithZeros)
-{
-    useRecord(R"({"force_show": 0, "shown_counts": [2], "max_count": 3})");
-
-    EXPECT_TRUE(counter.admit(3, true));
-
-    EXPECT_EQ(backend.record["shown_counts"], json::parse("[2, 0, 0, 1]"));
-}
-
-TEST_F(GestureGuideCounterTest, ARecordThatIsNotAnObjectCountsAsUnreadable)
-{
-    useRecord("[1, 2, 3]");
-
-    EXPECT_FALSE(counter.admit(0, true));
-    EXPECT_TRUE(counter.guidesSeen().isEmpty());
-    EXPECT_TRUE(backend.writes.empty());
-}
-
-TEST_F(GestureGuideCounterTest, PagesWithoutAGuideNeverReachTheBackend)
-{
-    useRecord(R"({"force_show": 1, "shown_counts": [], "max_count": 3})");
-
-    for (int type : {-1, 2, 4, 5, 7}) {
-        EXPECT_FALSE(counter.admit(type, true)) << "type " << type;
-        EXPECT_FALSE(counter.admit(type, false)) << "type " << type;
-    }
-    EXPECT_EQ(backend.reads, 0);
-}
-
-TEST_F(GestureGuideCounterTest, TheUnlockGuideComesOnlyOnRequestAndIsNeverCounted)
-{
-    useRecord(R"({"force_show": 0, "shown_counts": [0, 0, 0, 0], "max_count": 3})");
-
-    EXPECT_FALSE(counter.admit(6, true));
-    EXPECT_TRUE(counter.admit(6, false));
-    EXPECT_TRUE(counter.admit(6, false));
-
-    EXPECT_EQ(backend.reads, 0);
-    EXPECT_TRUE(counter.guidesSeen().isEmpty());
-}
-
-TEST_F(GestureGuideCounterTest, ARequestNeitherReadsNorMarks)
-{
-    useRecord(R"({"force_show": 0, "shown_counts": [3, 3, 3, 3], "max_count": 3})");
-
-    EXPECT_TRUE(counter.admit(0, false));
-    EXPECT_EQ(backend.reads, 0);
-    EXPECT_TRUE(counter.guidesSeen().isEmpty());
-}
-
-TEST(GestureGuideCounterWithoutBackend, ShowsNoAutomaticGuide)
-{
-    GestureGuideCounter counter;
-    EXPECT_FALSE(counter.admit(0, true));
-    EXPECT_TRUE(counter.guidesSeen().isEmpty());
-    EXPECT_TRUE(counter.admit(6, false));
+    GestureGuideCounter withoutBackend;
+    EXPECT_FALSE(withoutBackend.admit(0, true));
+    EXPECT_TRUE(withoutBackend.admit(6, false));
 }
 
 } // namespace

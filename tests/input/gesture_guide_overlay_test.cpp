@@ -1,6 +1,5 @@
-// The card itself: layout, texts, and when it goes away.
+// The guide card: its columns, its texts, and when it goes away.
 #include "input/gesture_guide_overlay_component.h"
-#include "ui/svg_icon_label.h"
 
 #include <gtest/gtest.h>
 
@@ -8,6 +7,8 @@
 #include <QPointer>
 #include <QSignalSpy>
 #include <QTimer>
+
+#include <functional>
 
 namespace {
 
@@ -21,7 +22,6 @@ QString classOf(const QWidget* widget)
     return widget->property("class").toString();
 }
 
-// The icon and text label inside one item widget.
 QLabel* childWithClass(QWidget* item, const char* className)
 {
     for (QLabel* label : item->findChildren<QLabel*>())
@@ -37,166 +37,92 @@ protected:
         parent.resize(640, 172);
         parent.show();
     }
-
     void showType(int type, int ms = GestureGuideOverlayComponent::kAutoHideMs)
     {
         overlay->showGuide(GestureGuideOverlayComponent::guideItemsForType(type), bracketed, ms);
     }
-
-    // Lets the auto-hide timer run out without waiting for it.
-    void expireTimer() { QMetaObject::invokeMethod(overlay->autoHideTimer(), "timeout"); }
+    QTimer* timer() const { return overlay->autoHideTimer(); }
 
     QWidget parent;
     GestureGuideOverlayComponent* overlay = new GestureGuideOverlayComponent(&parent);
 };
 
-TEST_F(GestureGuideOverlay, StartsHiddenOverTheWholeStripAndLetsTouchesThrough)
+// A card over the whole strip that lets every touch through; n columns share
+// 600 pixels with 8-pixel gaps.
+TEST_F(GestureGuideOverlay, OneColumnPerGestureWithIconAboveText)
 {
     EXPECT_FALSE(overlay->isVisible());
     EXPECT_EQ(overlay->geometry(), QRect(0, 0, 640, 172));
-    EXPECT_EQ(classOf(overlay), "v2-gesture-guide-overlay");
-    EXPECT_TRUE(overlay->testAttribute(Qt::WA_TransparentForMouseEvents));
     EXPECT_EQ(overlay->guideCard()->geometry(), QRect(10, 24, 620, 124));
-    EXPECT_EQ(classOf(overlay->guideCard()), "v2-gesture-guide-card");
-    EXPECT_TRUE(overlay->guideCard()->testAttribute(Qt::WA_TransparentForMouseEvents));
-}
-
-TEST_F(GestureGuideOverlay, ItemWidthSharesTheRowWithGaps)
-{
-    EXPECT_EQ(GestureGuideOverlayComponent::itemWidthForCount(1), 600);
-    EXPECT_EQ(GestureGuideOverlayComponent::itemWidthForCount(3), 194);
-    EXPECT_EQ(GestureGuideOverlayComponent::itemWidthForCount(4), 144);
-    EXPECT_EQ(GestureGuideOverlayComponent::itemWidthForCount(5), 113);
-}
-
-TEST_F(GestureGuideOverlay, LaysOutOneColumnPerGesture)
-{
-    showType(0);
-
-    ASSERT_TRUE(overlay->isVisible());
-    const GestureGuideItems items = GestureGuideOverlayComponent::guideItemsForType(0);
-    const QVector<QWidget*>& widgets = overlay->itemWidgets();
-    ASSERT_EQ(widgets.size(), 5);
-    for (int i = 0; i < widgets.size(); ++i) {
-        SCOPED_TRACE(i);
-        QWidget* item = widgets[i];
-        EXPECT_EQ(item->parentWidget(), overlay->guideCard());
-        EXPECT_EQ(item->geometry(), QRect(10 + i * 121, 10, 113, 104));
-        EXPECT_EQ(classOf(item), "v2-gesture-guide-item");
-        EXPECT_TRUE(item->testAttribute(Qt::WA_TransparentForMouseEvents));
-
-        QLabel* icon = childWithClass(item, "v2-gesture-guide-icon");
-        ASSERT_NE(icon, nullptr);
-        EXPECT_EQ(icon->geometry(), QRect(34, 9, 44, 44));
-        EXPECT_EQ(icon->property("svgPath").toString(), items[i].first);
-        EXPECT_TRUE(icon->testAttribute(Qt::WA_TransparentForMouseEvents));
-
-        QLabel* label = childWithClass(item, "v2-gesture-guide-label");
-        ASSERT_NE(label, nullptr);
-        EXPECT_EQ(label->geometry(), QRect(4, 58, 105, 44));
-        EXPECT_EQ(label->text(), bracketed(items[i].second));
-        EXPECT_TRUE(label->wordWrap());
-        EXPECT_EQ(label->alignment(), Qt::AlignCenter);
+    for (QWidget* w : {static_cast<QWidget*>(overlay), overlay->guideCard()})
+        EXPECT_TRUE(w->testAttribute(Qt::WA_TransparentForMouseEvents));
+    const std::pair<int, int> typeAndWidth[] = {{0, 113}, {3, 194}, {6, 600}};
+    for (const auto& [type, width] : typeAndWidth) {
+        SCOPED_TRACE(type);
+        auto* sibling = new QWidget(&parent);
+        sibling->show();
+        showType(type);
+        ASSERT_TRUE(overlay->isVisible());
+        EXPECT_EQ(parent.children().last(), overlay) << "raised above its siblings";
+        const GestureGuideItems items = GestureGuideOverlayComponent::guideItemsForType(type);
+        const QVector<QWidget*>& widgets = overlay->itemWidgets();
+        ASSERT_EQ(widgets.size(), items.size());
+        EXPECT_EQ(
+            overlay->guideCard()->findChildren<QWidget*>(QString(), Qt::FindDirectChildrenOnly),
+            QList<QWidget*>(widgets.begin(), widgets.end()))
+            << "the last guide's columns are gone";
+        for (int i = 0; i < widgets.size(); ++i) {
+            QWidget* item = widgets[i];
+            EXPECT_EQ(item->geometry(), QRect(10 + i * (width + 8), 10, width, 104));
+            EXPECT_EQ(classOf(item), "v2-gesture-guide-item");
+            QLabel* icon = childWithClass(item, "v2-gesture-guide-icon");
+            QLabel* label = childWithClass(item, "v2-gesture-guide-label");
+            ASSERT_TRUE(icon && label);
+            EXPECT_EQ(icon->geometry(), QRect((width - 44) / 2, 9, 44, 44));
+            EXPECT_EQ(icon->property("svgPath").toString(), items[i].first);
+            EXPECT_EQ(label->geometry(), QRect(4, 58, width - 8, 44));
+            EXPECT_EQ(label->text(), bracketed(items[i].second));
+            EXPECT_TRUE(label->wordWrap());
+            EXPECT_EQ(label->alignment(), Qt::AlignCenter);
+            for (QWidget* w : {item, static_cast<QWidget*>(icon)})
+                EXPECT_TRUE(w->testAttribute(Qt::WA_TransparentForMouseEvents));
+        }
     }
 }
 
-TEST_F(GestureGuideOverlay, TheLockGuideIsOneWideItem)
-{
-    showType(6);
-
-    ASSERT_EQ(overlay->itemWidgets().size(), 1);
-    QWidget* item = overlay->itemWidgets().first();
-    EXPECT_EQ(item->geometry(), QRect(10, 10, 600, 104));
-    EXPECT_EQ(childWithClass(item, "v2-gesture-guide-icon")->geometry(), QRect(278, 9, 44, 44));
-    EXPECT_EQ(childWithClass(item, "v2-gesture-guide-label")->text(),
-              "[gesture_guide.item_unlock]");
-}
-
-TEST_F(GestureGuideOverlay, ANewGuideReplacesTheItemsOfTheLastOne)
-{
-    showType(0);
-    QPointer<QWidget> oldItem = overlay->itemWidgets().first();
-
-    showType(3);
-
-    EXPECT_TRUE(oldItem.isNull());
-    EXPECT_EQ(overlay->itemWidgets().size(), 3);
-    EXPECT_EQ(
-        overlay->guideCard()->findChildren<QWidget*>(QString(), Qt::FindDirectChildrenOnly).size(),
-        3);
-}
-
-TEST_F(GestureGuideOverlay, AGuideWithoutItemsHides)
-{
-    showType(0);
-    showType(2);
-
-    EXPECT_FALSE(overlay->isVisible());
-    EXPECT_TRUE(overlay->itemWidgets().isEmpty());
-    EXPECT_FALSE(overlay->autoHideTimer()->isActive());
-}
-
-TEST_F(GestureGuideOverlay, GoesAfterSixSeconds)
+// Six seconds, restarted by each showing, none when no time is given; every
+// other way of going stops the timer.
+TEST_F(GestureGuideOverlay, GoesAfterItsTimeOrEarlier)
 {
     QSignalSpy timeouts(overlay, &GestureGuideOverlayComponent::autoHideTimeout);
+    showType(1, 5000);
     showType(1);
-
-    QTimer* timer = overlay->autoHideTimer();
-    EXPECT_TRUE(timer->isActive());
-    EXPECT_TRUE(timer->isSingleShot());
-    EXPECT_EQ(timer->interval(), 6000);
-    EXPECT_TRUE(overlay->isVisible());
-
-    expireTimer();
-
+    EXPECT_TRUE(timer()->isActive());
+    EXPECT_TRUE(timer()->isSingleShot());
+    EXPECT_EQ(timer()->interval(), 6000);
+    QMetaObject::invokeMethod(timer(), "timeout");
     EXPECT_FALSE(overlay->isVisible());
     EXPECT_EQ(timeouts.count(), 1);
-}
-
-TEST_F(GestureGuideOverlay, ShowingAgainRestartsTheTimer)
-{
-    showType(0, 5000);
-    showType(0, 3000);
-    EXPECT_EQ(overlay->autoHideTimer()->interval(), 3000);
-    EXPECT_TRUE(overlay->autoHideTimer()->isActive());
-}
-
-TEST_F(GestureGuideOverlay, StaysWithoutATimeWhenNoneIsGiven)
-{
     showType(0, 0);
     EXPECT_TRUE(overlay->isVisible());
-    EXPECT_FALSE(overlay->autoHideTimer()->isActive());
-}
+    EXPECT_FALSE(timer()->isActive());
 
-TEST_F(GestureGuideOverlay, TheNextTouchDismissesAndIsUsedUp)
-{
-    showType(0);
-
-    EXPECT_TRUE(overlay->dismissByTouch());
-    EXPECT_FALSE(overlay->isVisible());
-    EXPECT_FALSE(overlay->autoHideTimer()->isActive());
-
-    EXPECT_FALSE(overlay->dismissByTouch()); // nothing to dismiss: the touch goes on
-}
-
-TEST_F(GestureGuideOverlay, HideStopsThePendingTimeout)
-{
-    QSignalSpy timeouts(overlay, &GestureGuideOverlayComponent::autoHideTimeout);
-    showType(0);
-
-    overlay->hideGuide();
-
-    EXPECT_FALSE(overlay->isVisible());
-    EXPECT_FALSE(overlay->autoHideTimer()->isActive());
-    EXPECT_EQ(timeouts.count(), 0);
-}
-
-TEST_F(GestureGuideOverlay, IsRaisedAboveItsSiblings)
-{
-    auto* sibling = new QWidget(&parent);
-    sibling->show();
-    showType(0);
-    EXPECT_EQ(parent.children().last(), overlay);
+    const std::pair<const char*, std::function<void()>> ways[] = {
+        {"the next touch", [&] { EXPECT_TRUE(overlay->dismissByTouch()); }},
+        {"hide", [&] { overlay->hideGuide(); }},
+        {"a guide without items", [&] { showType(2); }},
+    };
+    for (const auto& [name, go] : ways) {
+        SCOPED_TRACE(name);
+        showType(0);
+        QPointer<QWidget> column = overlay->itemWidgets().first();
+        go();
+        EXPECT_FALSE(overlay->isVisible());
+        EXPECT_FALSE(timer()->isActive());
+        EXPECT_EQ(column.isNull(), overlay->itemWidgets().isEmpty());
+    }
+    EXPECT_EQ(timeouts.count(), 1);
+    EXPECT_FALSE(overlay->dismissByTouch()) << "nothing left to dismiss: the touch goes on";
 }
 
 } // namespace

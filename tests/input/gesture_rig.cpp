@@ -7,12 +7,7 @@
 
 namespace {
 
-QString pointText(const QPointF& pos)
-{
-    return QStringLiteral("(%1,%2)").arg(pos.x()).arg(pos.y());
-}
-
-QString controlText(const QObject* control)
+QString nameOf(const QObject* control)
 {
     return control ? control->objectName() : QStringLiteral("null");
 }
@@ -28,51 +23,46 @@ QTouchEvent::TouchPoint touchPoint(int id, const QPointF& pos, Qt::TouchPointSta
     return point;
 }
 
-GestureLog::GestureLog(TouchEventHandler& handler)
-{
-    auto add = [this](const QString& entry) { entries << entry; };
-    QObject::connect(&handler, &TouchEventHandler::buttonTapDetected,
-                     [add](QPushButton* btn) { add("tap:" + controlText(btn)); });
-    QObject::connect(&handler, &TouchEventHandler::swipeLeftDetected, [add] { add("swipeLeft"); });
-    QObject::connect(&handler, &TouchEventHandler::swipeRightDetected,
-                     [add] { add("swipeRight"); });
-    QObject::connect(&handler, &TouchEventHandler::edgeSwipeToCenterDetected,
-                     [add] { add("edgeSwipe"); });
-    QObject::connect(&handler, &TouchEventHandler::longPressDetected,
-                     [add](const QPointF& pos) { add("longPress:" + pointText(pos)); });
-    QObject::connect(&handler, &TouchEventHandler::buttonLongPressDetected,
-                     [add](QPushButton* btn) { add("buttonLongPress:" + controlText(btn)); });
-    QObject::connect(&handler, &TouchEventHandler::swipeUpDetected, [add] { add("swipeUp"); });
-    QObject::connect(&handler, &TouchEventHandler::swipeDownDetected, [add] { add("swipeDown"); });
-    auto addSlider = [add](const char* kind, QSlider* slider, int value) {
-        add(QStringLiteral("%1:%2=%3").arg(kind, controlText(slider)).arg(value));
-    };
-    QObject::connect(&handler, &TouchEventHandler::sliderValueChangedDetected,
-                     [addSlider](QSlider* s, int v) { addSlider("sliderValue", s, v); });
-    QObject::connect(&handler, &TouchEventHandler::sliderTapDetected,
-                     [addSlider](QSlider* s, int v) { addSlider("sliderTap", s, v); });
-    QObject::connect(&handler, &TouchEventHandler::sliderReleaseDetected,
-                     [addSlider](QSlider* s, int v) { addSlider("sliderRelease", s, v); });
-    QObject::connect(&handler, &TouchEventHandler::touchBeginDetected,
-                     [add] { add("touchBegin"); });
-}
-
-QStringList GestureLog::gestures() const
-{
-    QStringList result = entries;
-    result.removeAll(QStringLiteral("touchBegin"));
-    return result;
-}
-
-GestureRig::GestureRig() : target(std::make_unique<QWidget>()), gestureLog(touch)
+GestureRig::GestureRig() : target(std::make_unique<QWidget>())
 {
     target->setFixedSize(640, 172);
     target->show();
     touch.setClock([this] { return clockMs; });
     touch.attachTo(target.get());
+
+    using T = TouchEventHandler;
+    auto add = [this](const QString& entry) { entries << entry; };
+    auto slider = [add](const char* kind) {
+        return [add, kind](QSlider* s, int v) {
+            add(QStringLiteral("%1:%2=%3").arg(kind, nameOf(s)).arg(v));
+        };
+    };
+    QObject::connect(&touch, &T::buttonTapDetected,
+                     [add](QPushButton* b) { add("tap:" + nameOf(b)); });
+    QObject::connect(&touch, &T::buttonLongPressDetected,
+                     [add](QPushButton* b) { add("buttonLongPress:" + nameOf(b)); });
+    QObject::connect(&touch, &T::longPressDetected, [add](const QPointF& p) {
+        add(QStringLiteral("longPress:(%1,%2)").arg(p.x()).arg(p.y()));
+    });
+    QObject::connect(&touch, &T::swipeLeftDetected, [add] { add("swipeLeft"); });
+    QObject::connect(&touch, &T::swipeRightDetected, [add] { add("swipeRight"); });
+    QObject::connect(&touch, &T::swipeUpDetected, [add] { add("swipeUp"); });
+    QObject::connect(&touch, &T::swipeDownDetected, [add] { add("swipeDown"); });
+    QObject::connect(&touch, &T::edgeSwipeToCenterDetected, [add] { add("edgeSwipe"); });
+    QObject::connect(&touch, &T::sliderValueChangedDetected, slider("sliderValue"));
+    QObject::connect(&touch, &T::sliderTapDetected, slider("sliderTap"));
+    QObject::connect(&touch, &T::sliderReleaseDetected, slider("sliderRelease"));
+    QObject::connect(&touch, &T::touchBeginDetected, [add] { add("touchBegin"); });
 }
 
 GestureRig::~GestureRig() = default;
+
+QStringList GestureRig::gestures() const
+{
+    QStringList result = entries;
+    result.removeAll(QStringLiteral("touchBegin"));
+    return result;
+}
 
 QTouchDevice* GestureRig::device()
 {
@@ -89,12 +79,11 @@ QPushButton* GestureRig::addButton(const QString& name, const QRect& geometry, Q
     return button;
 }
 
-QSlider* GestureRig::addSlider(const QString& name, const QRect& geometry, int min, int max,
-                               QWidget* parent)
+QSlider* GestureRig::addSlider(const QString& name, const QRect& geometry, QWidget* parent)
 {
-    auto* slider = new QSlider(Qt::Horizontal, parent ? parent : target.get());
+    auto* slider = new QSlider(Qt::Horizontal, parent);
     slider->setObjectName(name);
-    slider->setRange(min, max);
+    slider->setRange(0, 100);
     slider->setGeometry(geometry);
     slider->show();
     return slider;
@@ -113,7 +102,7 @@ void GestureRig::send(QEvent::Type type, const QList<QTouchEvent::TouchPoint>& p
 void GestureRig::press(const QPointF& pos, int id)
 {
     send(QEvent::TouchBegin, {touchPoint(id, pos, Qt::TouchPointPressed)});
-    timerStartedMs = clockMs;
+    pressedAtMs = clockMs;
 }
 
 void GestureRig::move(const QPointF& pos, int id)
@@ -124,8 +113,8 @@ void GestureRig::move(const QPointF& pos, int id)
 void GestureRig::moveFingers(const QList<std::pair<int, QPointF>>& fingers)
 {
     QList<QTouchEvent::TouchPoint> points;
-    for (const auto& finger : fingers)
-        points << touchPoint(finger.first, finger.second);
+    for (const auto& [id, pos] : fingers)
+        points << touchPoint(id, pos);
     send(QEvent::TouchUpdate, points);
 }
 
@@ -134,33 +123,25 @@ void GestureRig::release(const QPointF& pos, int id)
     send(QEvent::TouchEnd, {touchPoint(id, pos, Qt::TouchPointReleased)});
 }
 
-void GestureRig::cancel()
+void GestureRig::cancel(const QPointF& pos)
 {
-    send(QEvent::TouchCancel, {});
+    send(QEvent::TouchCancel, {touchPoint(0, pos, Qt::TouchPointReleased)});
 }
 
 void GestureRig::elapse(qint64 ms)
 {
     clockMs += ms;
     QTimer& timer = touch.longPressTimer();
-    if (timer.isActive() && clockMs - timerStartedMs >= timer.interval()) {
+    if (timer.isActive() && clockMs - pressedAtMs >= timer.interval()) {
         timer.stop();
         // Emitting the timer's own signal also proves the handler listens to it.
         QMetaObject::invokeMethod(&timer, "timeout");
     }
 }
 
-void GestureRig::swipe(const QPointF& from, const QPointF& to, qint64 durationMs)
-{
-    press(from);
-    move(to);
-    elapse(durationMs);
-    release(to);
-}
-
-void GestureRig::tap(const QPointF& pos, qint64 durationMs, const QPointF& offset)
+void GestureRig::tap(const QPointF& pos)
 {
     press(pos);
-    elapse(durationMs);
-    release(pos + offset);
+    elapse(50);
+    release(pos);
 }

@@ -1,5 +1,8 @@
 #pragma once
-
+// A shown 640x172 window with a TouchEventHandler attached, a clock that
+// moves only when told to, and touches sent straight to the window. Every
+// signal of the handler goes into one ordered log, e.g. "tap:ok", "swipeLeft",
+// "sliderTap:level=50", "longPress:(300,80)", "touchBegin".
 #include "input/touch_event_handler.h"
 
 #include <QList>
@@ -15,55 +18,36 @@ class QPushButton;
 class QSlider;
 class QTouchDevice;
 
-// Writes every signal of a TouchEventHandler into one ordered list, e.g.
-// "tap:ok", "swipeLeft", "sliderTap:level=50", "longPress:(300,80)".
-class GestureLog {
-public:
-    explicit GestureLog(TouchEventHandler& handler);
-    // All entries, touch begins included.
-    const QStringList& all() const { return entries; }
-    // The entries without the "touchBegin" ones.
-    QStringList gestures() const;
-    void clear() { entries.clear(); }
+QTouchEvent::TouchPoint touchPoint(int id, const QPointF& pos,
+                                   Qt::TouchPointState state = Qt::TouchPointMoved);
 
-private:
-    QStringList entries;
-};
-
-// A shown 640x172 window with a handler attached, a clock that only moves
-// when told to, and touch sequences sent straight to the window.
 class GestureRig {
 public:
-    static constexpr qint64 kStartMs = 100000;
-
     GestureRig();
     ~GestureRig();
 
     QWidget& window() { return *target; }
     TouchEventHandler& handler() { return touch; }
-    GestureLog& log() { return gestureLog; }
-    qint64 now() const { return clockMs; }
+    const QStringList& log() const { return entries; }
+    // The log without its "touchBegin" entries.
+    QStringList gestures() const;
 
-    // Controls are children of `parent` (the window when null), shown.
+    // Shown children of `parent`, the window when null.
     QPushButton* addButton(const QString& name, const QRect& geometry, QWidget* parent = nullptr);
-    QSlider* addSlider(const QString& name, const QRect& geometry, int min, int max,
-                       QWidget* parent = nullptr);
+    QSlider* addSlider(const QString& name, const QRect& geometry, QWidget* parent);
 
     void press(const QPointF& pos, int id = 0);
     void move(const QPointF& pos, int id = 0);
     // One update carrying several fingers, in the order given.
     void moveFingers(const QList<std::pair<int, QPointF>>& fingers);
     void release(const QPointF& pos, int id = 0);
-    void cancel();
-
-    // Moves the clock on; the long-press timer fires when its interval has
-    // passed since it was started, as a running event loop would make it.
+    // A cancel whose point lies at `pos`.
+    void cancel(const QPointF& pos = QPointF());
+    // Moves the clock on; the long-press timer fires once its interval has
+    // passed since the press, as a running event loop would make it.
     void elapse(qint64 ms);
-
-    // Press at `from`, one update at `to`, `durationMs` later release at `to`.
-    void swipe(const QPointF& from, const QPointF& to, qint64 durationMs);
-    // Press, optional still hold, release at `pos + offset`.
-    void tap(const QPointF& pos, qint64 durationMs = 50, const QPointF& offset = QPointF());
+    // Press, 50 ms, release at the same place.
+    void tap(const QPointF& pos);
 
     static QTouchDevice* device();
 
@@ -72,10 +56,7 @@ private:
 
     std::unique_ptr<QWidget> target;
     TouchEventHandler touch;
-    GestureLog gestureLog;
-    qint64 clockMs = kStartMs;
-    qint64 timerStartedMs = kStartMs;
+    QStringList entries;
+    qint64 clockMs = 100000;
+    qint64 pressedAtMs = clockMs;
 };
-
-QTouchEvent::TouchPoint touchPoint(int id, const QPointF& pos,
-                                   Qt::TouchPointState state = Qt::TouchPointMoved);

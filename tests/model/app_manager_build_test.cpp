@@ -1,245 +1,101 @@
-// AppManager's view-model layer on a bare worker: each build/get pair
-// compares and stores, the work mode and the flags it reads, its cached
-// questions, and that builds read caches rather than the backend.
-#include "link/zmq_get_cache.h"
+// AppManager's view-model layer on a bare worker against the simulator: each
+// build compares with and replaces the stored record, builds read the caches
+// and never the backend, and the manager's own held values and questions.
+#include "device_caches.h"
 #include "support/sim/sim_fixture.h"
-
-#include <gtest/gtest.h>
 
 #include <QRegularExpression>
 #include <QSignalSpy>
 
-#include <functional>
-
 namespace modeltest {
 namespace {
 
-using CacheChange = std::function<void(ZmqSubCache&, ZmqGetCache&)>;
-
-void changeCaches(ZmqSubWorker& worker, const CacheChange& change)
+void setCaches(ZmqSubWorker& worker, const Caches& c)
 {
-    ZmqSubCache sub = worker.getSubCache();
-    ZmqGetCache get = worker.getGetCache();
-    change(sub, get);
-    worker.updateSubCache([&](ZmqSubCache& cache) { cache = sub; });
-    worker.updateGetCache([&](ZmqGetCache& cache) { cache = get; });
-}
-
-void clearCaches(ZmqSubWorker& worker)
-{
-    changeCaches(worker, [](ZmqSubCache& sub, ZmqGetCache& get) {
-        sub = ZmqSubCache();
-        get = ZmqGetCache();
-    });
+    worker.updateSubCache([&](ZmqSubCache& sub) { sub = c.sub; });
+    worker.updateGetCache([&](ZmqGetCache& get) { get = c.get; });
 }
 
 class AppManagerBuildTest : public ::testing::Test {
 protected:
-    void SetUp() override { app = backend.bareAppManager(); }
-
     ZmqSubWorker& worker() { return *app->subWorker(); }
 
-    // From cleared caches: a second build reports no change and get returns
-    // the stored record; after `change` the build differs and says so, and a
-    // build after that is quiet again.
+    // From cleared caches a second build is quiet and get returns the stored
+    // record; once the device reports, the build differs and says so, and
+    // the next one is quiet again.
     template <class VM>
-    void expectBuildPattern(VM (AppManager::*build)(bool*), VM (AppManager::*get)() const,
-                            const CacheChange& change)
+    void expectBuildPattern(VM (AppManager::*build)(bool*), VM (AppManager::*get)() const)
     {
-        clearCaches(worker());
-        const VM before = (app.get()->*build)(nullptr);
+        AppManager& a = *app;
+        setCaches(worker(), Caches());
+        const VM before = (a.*build)(nullptr);
         bool changed = true;
-        EXPECT_TRUE((app.get()->*build)(&changed) == before);
-        EXPECT_FALSE(changed) << "second build with unchanged caches";
-        EXPECT_TRUE((app.get()->*get)() == before);
+        EXPECT_EQ((a.*build)(&changed), before);
+        EXPECT_FALSE(changed) << "an unchanged rebuild";
+        EXPECT_EQ((a.*get)(), before);
 
-        changeCaches(worker(), change);
-        const VM after = (app.get()->*build)(&changed);
-        EXPECT_TRUE(changed) << "build after a real change";
-        EXPECT_FALSE(after == before) << "the change did not reach the record";
-        EXPECT_TRUE((app.get()->*get)() == after) << "get returns the last build";
-
-        (app.get()->*build)(&changed);
-        EXPECT_FALSE(changed) << "build after the change was delivered";
+        setCaches(worker(), reportedCaches());
+        const VM after = (a.*build)(&changed);
+        EXPECT_TRUE(changed) << "a build after the device reported";
+        EXPECT_NE(after, before);
+        EXPECT_EQ((a.*get)(), after);
+        (a.*build)(&changed);
+        EXPECT_FALSE(changed) << "the change was delivered";
     }
 
     testsupport::SimFixture backend;
-    std::unique_ptr<AppManager> app;
+    std::unique_ptr<AppManager> app = backend.bareAppManager();
 };
 
-TEST_F(AppManagerBuildTest, StatusModelsCompareAndStore)
+TEST_F(AppManagerBuildTest, EveryBuildReportsOnlyRealChangesAndAsksNoBackend)
 {
-    {
-        SCOPED_TRACE("status bar");
-        expectBuildPattern(&AppManager::buildStatusBarVm, &AppManager::getStatusBarVm,
-                           [](ZmqSubCache& sub, ZmqGetCache&) {
-                               sub.network_ready = true;
-                               sub.lan_state = 1;
-                           });
-    }
-    {
-        SCOPED_TRACE("status page 1");
-        expectBuildPattern(&AppManager::buildStatusPage1Vm, &AppManager::getStatusPage1Vm,
-                           [](ZmqSubCache& sub, ZmqGetCache&) {
-                               sub.cpu_memory_ready = true;
-                               sub.cpu_temp = 70;
-                           });
-    }
-    {
-        SCOPED_TRACE("status page 2");
-        expectBuildPattern(&AppManager::buildStatusPage2Vm, &AppManager::getStatusPage2Vm,
-                           [](ZmqSubCache& sub, ZmqGetCache&) {
-                               sub.video_input_ready = true;
-                               sub.video_width = 1920;
-                           });
-    }
-    {
-        SCOPED_TRACE("status page 3");
-        expectBuildPattern(&AppManager::buildStatusPage3Vm, &AppManager::getStatusPage3Vm,
-                           [](ZmqSubCache&, ZmqGetCache& get) {
-                               get.audio_valid = true;
-                               get.audio.volume = 55;
-                           });
-    }
-}
+    app->workModeProcess(kDecoder);
+    const int requests = backend.webRequestTotal();
+    using A = AppManager;
+    expectBuildPattern(&A::buildStatusBarVm, &A::getStatusBarVm);
+    expectBuildPattern(&A::buildStatusPage1Vm, &A::getStatusPage1Vm);
+    expectBuildPattern(&A::buildStatusPage2Vm, &A::getStatusPage2Vm);
+    expectBuildPattern(&A::buildStatusPage3Vm, &A::getStatusPage3Vm);
+    expectBuildPattern(&A::buildSystemSettingsPageVm, &A::getSystemSettingsPageVm);
+    expectBuildPattern(&A::buildNetworkSettingsPageVm, &A::getNetworkSettingsPageVm);
+    expectBuildPattern(&A::buildCameraSettingsPageVm, &A::getCameraSettingsPageVm);
+    expectBuildPattern(&A::buildVideoSettingsPageVm, &A::getVideoSettingsPageVm);
+    expectBuildPattern(&A::buildAudioSettingsPageVm, &A::getAudioSettingsPageVm);
+    expectBuildPattern(&A::buildMediaSettingsPageVm, &A::getMediaSettingsPageVm);
+    expectBuildPattern(&A::buildDecodingSettingsPageVm, &A::getDecodingSettingsPageVm);
+    expectBuildPattern(&A::buildEncoderShortcutPageVm, &A::getEncoderShortcutPageVm);
+    expectBuildPattern(&A::buildDecoderShortcutPageVm, &A::getDecoderShortcutPageVm);
+    expectBuildPattern(&A::buildConnectAppVm, &A::getConnectAppVm);
 
-TEST_F(AppManagerBuildTest, SettingsModelsCompareAndStore)
-{
-    {
-        SCOPED_TRACE("system");
-        expectBuildPattern(&AppManager::buildSystemSettingsPageVm,
-                           &AppManager::getSystemSettingsPageVm,
-                           [](ZmqSubCache&, ZmqGetCache& get) {
-                               get.dc_out_valid = true;
-                               get.dc_out_switch = 1;
-                           });
-    }
-    {
-        SCOPED_TRACE("network");
-        expectBuildPattern(&AppManager::buildNetworkSettingsPageVm,
-                           &AppManager::getNetworkSettingsPageVm,
-                           [](ZmqSubCache&, ZmqGetCache& get) {
-                               get.nas_valid = true;
-                               get.nas_list = {{"share", true, 1}};
-                           });
-    }
-    {
-        SCOPED_TRACE("camera");
-        expectBuildPattern(&AppManager::buildCameraSettingsPageVm,
-                           &AppManager::getCameraSettingsPageVm,
-                           [](ZmqSubCache&, ZmqGetCache& get) {
-                               get.lcd_valid = true;
-                               get.lcd_bright = 40;
-                           });
-    }
-    {
-        SCOPED_TRACE("video");
-        expectBuildPattern(&AppManager::buildVideoSettingsPageVm,
-                           &AppManager::getVideoSettingsPageVm, [](ZmqSubCache&, ZmqGetCache& get) {
-                               get.video_out_valid = true;
-                               get.video_out.format = "720p60";
-                           });
-    }
-    {
-        SCOPED_TRACE("audio");
-        expectBuildPattern(&AppManager::buildAudioSettingsPageVm,
-                           &AppManager::getAudioSettingsPageVm, [](ZmqSubCache&, ZmqGetCache& get) {
-                               get.audio_valid = true;
-                               get.audio.volume = 30;
-                           });
-    }
-    {
-        SCOPED_TRACE("media");
-        expectBuildPattern(&AppManager::buildMediaSettingsPageVm,
-                           &AppManager::getMediaSettingsPageVm, [](ZmqSubCache&, ZmqGetCache& get) {
-                               get.enc_ndi_valid = true;
-                               get.enc_ndi_mode_id = 3;
-                           });
-    }
-    {
-        SCOPED_TRACE("decoding");
-        expectBuildPattern(&AppManager::buildDecodingSettingsPageVm,
-                           &AppManager::getDecodingSettingsPageVm,
-                           [](ZmqSubCache&, ZmqGetCache& get) {
-                               get.dec_rtmp_valid = true;
-                               get.dec_rtmp_switch = 1;
-                           });
-    }
-}
-
-TEST_F(AppManagerBuildTest, ShortcutAndConnectModelsCompareAndStore)
-{
-    {
-        SCOPED_TRACE("encoder shortcut");
-        expectBuildPattern(&AppManager::buildEncoderShortcutPageVm,
-                           &AppManager::getEncoderShortcutPageVm,
-                           [](ZmqSubCache& sub, ZmqGetCache&) {
-                               sub.osd_ready = true;
-                               sub.osd_items = {{1, "Logo", true, 0}};
-                           });
-    }
-    {
-        SCOPED_TRACE("decoder shortcut");
-        expectBuildPattern(&AppManager::buildDecoderShortcutPageVm,
-                           &AppManager::getDecoderShortcutPageVm,
-                           [](ZmqSubCache&, ZmqGetCache& get) {
-                               get.dec_ndi_valid = true;
-                               get.dec_ndi_list = {{0, "STUDIO (cam 1)", 1}};
-                           });
-    }
-    {
-        SCOPED_TRACE("connect app");
-        expectBuildPattern(&AppManager::buildConnectAppVm, &AppManager::getConnectAppVm,
-                           [](ZmqSubCache&, ZmqGetCache& get) {
-                               get.app_connection_valid = true;
-                               get.app_connection_status = 4;
-                           });
-    }
-}
-
-TEST_F(AppManagerBuildTest, FixedRecordsChangeAtMostOnce)
-{
+    // The quick action list is fixed: it changes with the first build only.
     bool changed = false;
-    const ShortcutVM first = app->buildShortcutVM(&changed);
-    EXPECT_TRUE(changed) << "the first build fills the list";
-    ASSERT_TRUE(first.config.contains("list"));
-    EXPECT_EQ(first.config["list"].size(), 3u);
+    const ShortcutVM shortcuts = app->buildShortcutVM(&changed);
+    EXPECT_TRUE(changed);
+    EXPECT_EQ(shortcuts.config["list"].size(), 3u);
     app->buildShortcutVM(&changed);
     EXPECT_FALSE(changed);
-    EXPECT_EQ(app->getShortcutVm(), first);
-
+    EXPECT_EQ(app->getShortcutVm(), shortcuts);
     changed = true;
-    EXPECT_EQ(app->buildConnectBtVm(&changed), 0);
-    EXPECT_FALSE(changed) << "nothing filled the pairing record";
-    EXPECT_EQ(app->getConnectBtVm(), ConnectBTVM());
+    app->buildConnectBtVm(&changed);
+    EXPECT_FALSE(changed) << "nothing fills the pairing record";
+
+    EXPECT_EQ(backend.webRequestTotal(), requests) << "a build sent a request";
+    EXPECT_EQ(app->getWorkMode(), kDecoder) << "a build does not change the stored mode";
 }
 
-TEST_F(AppManagerBuildTest, WorkModeIsTheStoredOneUntilTheTopicReports)
+TEST_F(AppManagerBuildTest, StoredWorkModeAppliesUntilTheSystemTopicReports)
 {
-    app->workModeProcess(1);
-    changeCaches(worker(), [](ZmqSubCache& sub, ZmqGetCache& get) {
-        get.present_storage_valid = true;
-        get.present_storage_id = 0;
-        sub.storage_ready = true;
-        sub.disk_present[0] = true;
-        sub.disk_status[0] = 1;
-    });
-    StatusBarVM bar = app->buildStatusBarVm(nullptr);
-    EXPECT_EQ(bar.work_mode, 1);
-    EXPECT_EQ(bar.disk_type, -1) << "no disk in decoder mode";
-    EXPECT_EQ(app->buildAudioSettingsPageVm(nullptr).work_mode, 0)
-        << "audio settings stay at zero without audio data";
-
-    changeCaches(worker(), [](ZmqSubCache& sub, ZmqGetCache&) {
-        sub.system_state_ready = true;
-        sub.workmode_id = 0;
-    });
-    bar = app->buildStatusBarVm(nullptr);
-    EXPECT_EQ(bar.work_mode, 0) << "the published mode wins over the stored one";
-    EXPECT_EQ(bar.disk_type, 0);
-    EXPECT_EQ(app->getWorkMode(), 1) << "a build does not change the stored mode";
+    Caches c = reportedCaches();
+    c.sub.system_state_ready = false;
+    setCaches(worker(), c);
+    app->workModeProcess(kDecoder);
+    EXPECT_EQ(app->buildStatusBarVm(nullptr).disk_type, -1) << "no record disk in decode mode";
+    app->workModeProcess(kEncoder);
+    EXPECT_EQ(app->buildStatusBarVm(nullptr).disk_type, c.get.present_storage_id);
 }
 
+// The first paint waits for the system, network, video input, CPU and
+// storage topics, and for no other.
 TEST_F(AppManagerBuildTest, DataIsReadyOnceTheFiveFirstPaintTopicsReported)
 {
     bool ZmqSubCache::*const needed[] = {
@@ -247,178 +103,107 @@ TEST_F(AppManagerBuildTest, DataIsReadyOnceTheFiveFirstPaintTopicsReported)
         &ZmqSubCache::video_input_ready, &ZmqSubCache::cpu_memory_ready,
         &ZmqSubCache::storage_ready};
     for (bool ZmqSubCache::*missing : needed) {
-        changeCaches(worker(), [&](ZmqSubCache& sub, ZmqGetCache&) {
-            for (bool ZmqSubCache::*flag : needed)
-                sub.*flag = flag != missing;
-        });
+        Caches c = reportedCaches();
+        c.sub.*missing = false;
+        setCaches(worker(), c);
         EXPECT_FALSE(app->isDataReady());
     }
-    changeCaches(worker(), [&](ZmqSubCache& sub, ZmqGetCache&) {
-        for (bool ZmqSubCache::*flag : needed)
-            sub.*flag = true;
-        sub.record_ready = false;
-        sub.net_stream_ready = false;
-        sub.osd_ready = false;
-    });
-    EXPECT_TRUE(app->isDataReady()) << "record, stream and OSD topics are not waited for";
+    Caches c = reportedCaches();
+    c.sub.record_ready = c.sub.net_stream_ready = c.sub.osd_ready = false;
+    setCaches(worker(), c);
+    EXPECT_TRUE(app->isDataReady());
 }
 
 TEST_F(AppManagerBuildTest, CachedQuestionsHonourTheirFlags)
 {
-    changeCaches(worker(), [](ZmqSubCache&, ZmqGetCache& get) {
-        get.present_storage_id = 3;
-        get.venc_list.resize(2);
-        get.lcd_lock_stat = 1;
-    });
+    setCaches(worker(), unreportedCaches());
     EXPECT_EQ(app->getPresentStorageIdCached(), -1);
     EXPECT_TRUE(app->getVencDataCached().empty());
     EXPECT_FALSE(app->get_lcd_lock_stat());
 
-    changeCaches(worker(), [](ZmqSubCache&, ZmqGetCache& get) {
-        get.present_storage_valid = true;
-        get.venc_valid = true;
-        get.lcd_valid = true;
-    });
-    EXPECT_EQ(app->getPresentStorageIdCached(), 3);
-    EXPECT_EQ(app->getVencDataCached().size(), 2u);
+    const Caches c = reportedCaches();
+    setCaches(worker(), c);
+    EXPECT_EQ(app->getPresentStorageIdCached(), c.get.present_storage_id);
+    EXPECT_EQ(app->getVencDataCached(), c.get.venc_list);
     EXPECT_TRUE(app->get_lcd_lock_stat());
 }
 
-TEST_F(AppManagerBuildTest, OnlyStandbyAndScreensaverAskTheBackend)
+// Standby and screensaver read the backend clock, once each.
+TEST_F(AppManagerBuildTest, StandbyAndScreensaverShowTheBackendClock)
 {
-    changeCaches(worker(), [](ZmqSubCache& sub, ZmqGetCache& get) {
-        sub = ZmqSubCache();
-        sub.network_ready = sub.storage_ready = sub.system_state_ready = true;
-        sub.lan_state = 1;
-        sub.ip = "10.1.2.3";
-        get.present_storage_valid = get.lcd_valid = get.venc_valid = true;
-        get.present_storage_id = 0;
-    });
-    const int before = backend.webRequestTotal();
-    app->buildStatusBarVm(nullptr);
-    app->buildStatusPage1Vm(nullptr);
-    app->buildStatusPage2Vm(nullptr);
-    app->buildStatusPage3Vm(nullptr);
-    app->buildSystemSettingsPageVm(nullptr);
-    app->buildNetworkSettingsPageVm(nullptr);
-    app->buildCameraSettingsPageVm(nullptr);
-    app->buildVideoSettingsPageVm(nullptr);
-    app->buildAudioSettingsPageVm(nullptr);
-    app->buildMediaSettingsPageVm(nullptr);
-    app->buildDecodingSettingsPageVm(nullptr);
-    app->buildEncoderShortcutPageVm(nullptr);
-    app->buildDecoderShortcutPageVm(nullptr);
-    app->buildConnectAppVm(nullptr);
-    app->buildShortcutVM(nullptr);
-    app->buildConnectBtVm(nullptr);
-    EXPECT_EQ(backend.webRequestTotal(), before) << "a page build sent a request";
-
+    const Caches c = reportedCaches();
+    setCaches(worker(), c);
+    const int reads = backend.webRequestsOf("get_systime_info");
     const StandbyPageVM standby = app->buildStandbyPageVm();
     const DynamicScreensaverVM saver = app->buildDynamicScreensaverVm(true);
-    EXPECT_EQ(backend.webRequestTotal(), before + 2);
-    EXPECT_EQ(backend.webRequestsOf("get_systime_info"), 2);
-
-    EXPECT_EQ(standby.ip_text, "10.1.2.3");
-    EXPECT_EQ(app->getStatusPage1Vm().ip_text, "10.1.2.3") << "standby rebuilds status page 1";
+    EXPECT_EQ(backend.webRequestsOf("get_systime_info"), reads + 2);
+    EXPECT_EQ(standby.ip_text.toStdString(), c.sub.ip);
+    EXPECT_EQ(app->getStatusPage1Vm().ip_text, standby.ip_text) << "standby rebuilds page 1";
     const QRegularExpression date("^\\d{4}-\\d{2}-\\d{2}$");
     const QRegularExpression time("^\\d{2}:\\d{2}:\\d{2}$");
     EXPECT_TRUE(date.match(standby.date_text).hasMatch()) << standby.date_text.toStdString();
     EXPECT_TRUE(time.match(standby.time_text).hasMatch()) << standby.time_text.toStdString();
     EXPECT_TRUE(date.match(saver.date_text).hasMatch()) << saver.date_text.toStdString();
     EXPECT_TRUE(saver.standby);
-}
 
-TEST_F(AppManagerBuildTest, FailedClockReadKeepsThePlaceholders)
-{
     backend.require("status get_systime_info 1");
-    app->workModeProcess(1);
-    const StandbyPageVM standby = app->buildStandbyPageVm();
-    const DynamicScreensaverVM saver = app->buildDynamicScreensaverVm(false);
-    EXPECT_EQ(standby.date_text, "----.--.--");
-    EXPECT_EQ(standby.time_text, "--:--:--");
-    EXPECT_EQ(standby.ip_text, "---.---.---.---") << "no network report yet";
-    EXPECT_EQ(saver.time_text, "--:--:--");
-    EXPECT_EQ(saver.work_mode, 1);
-    EXPECT_FALSE(saver.standby);
+    app->workModeProcess(kDecoder);
+    setCaches(worker(), Caches());
+    EXPECT_EQ(app->buildStandbyPageVm(),
+              (StandbyPageVM{"----.--.--", "--:--:--", "---.---.---.---"}));
+    EXPECT_EQ(app->buildDynamicScreensaverVm(false),
+              (DynamicScreensaverVM{"----.--.--", "--:--:--", kDecoder, false}));
 }
 
-TEST_F(AppManagerBuildTest, NetworkUrlsUseTheConfiguredHttpPort)
+TEST_F(AppManagerBuildTest, UrlsUseTheConfiguredHttpPort)
 {
     const int port = backend.at("/network/ports/http").get<int>();
     EXPECT_EQ(app->getHttpPort(), port);
-    changeCaches(worker(), [](ZmqSubCache& sub, ZmqGetCache&) {
-        sub.network_ready = true;
-        sub.ap_switch = true;
-        sub.ip = "192.168.7.9";
-    });
-    const NetworkSettingsPageVM vm = app->buildNetworkSettingsPageVm(nullptr);
-    EXPECT_EQ(vm.http_url, buildQrAccessUrl("192.168.7.9", port));
-    EXPECT_EQ(vm.ap_http_url, buildQrAccessUrl("170.128.88.1", port));
-    EXPECT_FALSE(vm.http_url.isEmpty());
+    const Caches c = reportedCaches();
+    setCaches(worker(), c);
+    EXPECT_EQ(app->buildNetworkSettingsPageVm(nullptr).http_url,
+              buildQrAccessUrl(QString::fromStdString(c.sub.ip), port));
 
     backend.require("set /network/ports/http 8080.0");
     EXPECT_EQ(app->resolveConfiguredHttpPort(), -1) << "a fractional port is no port";
-    backend.require("set /network/ports/http 8080");
-    EXPECT_EQ(app->resolveConfiguredHttpPort(), 8080);
+    backend.require("set /network/ports/http 8081");
+    EXPECT_EQ(app->resolveConfiguredHttpPort(), 8081);
 }
 
-TEST(AppManagerSignalsTest, SlotsStoreTheValuesAndPassThemOn)
+TEST(AppManagerWithoutBackend, HoldsTheSignalledStateAndBuildsDefaults)
 {
     AppManager app(std::unique_ptr<ZmqSubWorker>{});
     QSignalSpy language(&app, &AppManager::systemLanguageChanged);
     QSignalSpy run(&app, &AppManager::runStatusChanged);
     QSignalSpy mode(&app, &AppManager::workModeChanged);
     QSignalSpy progress(&app, &AppManager::upgradeProgressChanged);
-
     app.systemLanguageProcess(3);
     app.runStatusProcess(0);
     app.workModeProcess(1);
     app.upgradeProgressProcess(42);
+    EXPECT_EQ(std::make_tuple(app.getLanguageID(), app.getRunStatus(), app.getWorkMode()),
+              std::make_tuple(3, 0, 1));
+    const std::pair<QSignalSpy*, int> signalled[] = {
+        {&language, 3}, {&run, 0}, {&mode, 1}, {&progress, 42}};
+    for (const auto& [spy, value] : signalled) {
+        ASSERT_EQ(spy->count(), 1);
+        EXPECT_EQ(spy->at(0).at(0).toInt(), value);
+    }
 
-    EXPECT_EQ(app.getLanguageID(), 3);
-    EXPECT_EQ(app.getRunStatus(), 0);
-    EXPECT_EQ(app.getWorkMode(), 1);
-    ASSERT_EQ(language.count(), 1);
-    EXPECT_EQ(language.at(0).at(0).toInt(), 3);
-    ASSERT_EQ(run.count(), 1);
-    EXPECT_EQ(run.at(0).at(0).toInt(), 0);
-    ASSERT_EQ(mode.count(), 1);
-    EXPECT_EQ(mode.at(0).at(0).toInt(), 1);
-    ASSERT_EQ(progress.count(), 1);
-    EXPECT_EQ(progress.at(0).at(0).toInt(), 42);
-}
-
-TEST(AppManagerWithoutBackendTest, BuildsGiveDefaultsAndReportNoChange)
-{
-    AppManager app(std::unique_ptr<ZmqSubWorker>{});
-    app.workModeProcess(1);
     bool changed = true;
-    const StatusBarVM bar = app.buildStatusBarVm(&changed);
-    EXPECT_FALSE(changed);
-    EXPECT_EQ(bar, StatusBarVM());
-    EXPECT_TRUE(bar.is_status_page);
-    EXPECT_EQ(bar.disk_type, -1);
-    changed = true;
-    EXPECT_EQ(app.buildNetworkSettingsPageVm(&changed), NetworkSettingsPageVM());
+    EXPECT_EQ(app.buildStatusBarVm(&changed), StatusBarVM());
     EXPECT_FALSE(changed);
     changed = true;
     EXPECT_EQ(app.buildShortcutVM(&changed), ShortcutVM()) << "not even the fixed list";
     EXPECT_FALSE(changed);
-
     EXPECT_FALSE(app.isDataReady());
     EXPECT_EQ(app.getHttpPort(), -1);
     EXPECT_EQ(app.getPresentStorageIdCached(), -1);
-    EXPECT_TRUE(app.getVencDataCached().empty());
     EXPECT_FALSE(app.get_lcd_lock_stat());
-    EXPECT_EQ(app.getWorker(), nullptr);
-    app.setCurrentPageContext(12, -1);
-
-    const StandbyPageVM standby = app.buildStandbyPageVm();
-    EXPECT_EQ(standby, StandbyPageVM());
-    const DynamicScreensaverVM saver = app.buildDynamicScreensaverVm(true);
-    EXPECT_EQ(saver.work_mode, 1) << "the stored work mode";
-    EXPECT_TRUE(saver.standby);
-    EXPECT_EQ(saver.date_text, "----.--.--");
+    EXPECT_EQ(app.buildStandbyPageVm(), StandbyPageVM());
+    EXPECT_EQ(app.buildDynamicScreensaverVm(true),
+              (DynamicScreensaverVM{"----.--.--", "--:--:--", 1, true}))
+        << "the stored work mode";
 }
 
 } // namespace

@@ -1,285 +1,164 @@
-#include "cache_builders.h"
+// What the settings pages show: the busy device, and each rule as a change
+// of it.
+#include "device_caches.h"
 #include "model/vm_builders/settings_vm_builders.h"
-#include "model/vm_builders/status_vm_builders.h"
 
-#include <gtest/gtest.h>
-
-using namespace modeltest;
-
+namespace modeltest {
 namespace {
 
-constexpr int kEncoder = 0;
-constexpr int kDecoder = 1;
-
-TEST(NetworkSettingsVmTest, WifiLinkIgnoresTheSwitchUnlikeTheStatusBar)
+TEST(SettingsVm, SystemAndDecodingPagesCopyTheirGroups)
 {
-    const ZmqSubCache sub = subWithNetwork({0, false, 4, false, "10.0.0.7"});
-    const NetworkSettingsPageVM vm = computeNetworkSettingsPageVm(sub, ZmqGetCache{}, 80);
-    EXPECT_TRUE(vm.wifi_link);
-    EXPECT_TRUE(vm.client_link);
-    EXPECT_TRUE(vm.has_link);
-    EXPECT_FALSE(vm.wifi_on);
-    EXPECT_FALSE(computeStatusBarVm(sub, ZmqGetCache{}, kEncoder).wifi_connected);
+    const Caches c = reportedCaches();
+    SystemSettingsPageVM system;
+    system.dc_out_on = system.usb_otg_on = true;
+    system.dc_out_voltage = c.get.dc_out_voltage;
+    system.device_name = c.get.version.device_name;
+    system.hardware_version = c.get.version.hardware_version;
+    system.firmware_version = c.get.version.firmware_version;
+    system.serial_number = c.get.version.SN;
+    system.device_start_time = c.get.dashboard.device_strat_time;
+    system.persistent_time = c.get.dashboard.persistent_time;
+    EXPECT_EQ(computeSystemSettingsPageVm(c.get), system);
+
+    DecodingSettingsPageVM decoding;
+    decoding.rtmp_on = decoding.srt_server_on = true;
+    EXPECT_EQ(computeDecodingSettingsPageVm(c.get), decoding) << "the SRT playback is off";
 }
 
-TEST(NetworkSettingsVmTest, AccessPointAloneIsALinkButNoClientLink)
+TEST(SettingsVm, NetworkPageLinksAndUrls)
 {
-    const NetworkSettingsPageVM vm =
-        computeNetworkSettingsPageVm(subWithNetwork({0, false, 0, true, ""}), ZmqGetCache{}, 8080);
-    EXPECT_TRUE(vm.has_link);
-    EXPECT_FALSE(vm.client_link);
-    EXPECT_TRUE(vm.http_url.isNull());
-    EXPECT_EQ(vm.ap_http_url, "http://170.128.88.1:8080");
+    const Caches c = reportedCaches();
+    const QString ip = QString::fromStdString(c.sub.ip);
+    NetworkSettingsPageVM v;
+    v.wifi_on = v.ap_on = v.has_link = v.eth_link = v.wifi_link = v.client_link = true;
+    v.ip_text = ip;
+    v.http_url = "http://" + ip + ":8080";
+    v.ap_http_url = "http://170.128.88.1:8080";
+    v.ap_ssid = QString::fromStdString(c.get.ap_ssid);
+    v.ap_psk = QString::fromStdString(c.get.ap_psk);
+    v.ap_wifi_qr = "WIFI:S:" + v.ap_ssid + ";T:WPA;P:" + v.ap_psk + ";H:false;;";
+    v.nas_list = QList<NasMountInfo>(c.get.nas_list.begin(), c.get.nas_list.end());
+
+    expectRules<NetworkSettingsPageVM>(
+        [](const Caches& c) { return computeNetworkSettingsPageVm(c.sub, c.get, c.http_port); }, v,
+        // Unlike the status bar, the page shows a Wi-Fi link from its status alone.
+        {{"Wi-Fi switched off but still linked", [](Caches& c) { c.sub.wifi_switch = false; },
+          [](NetworkSettingsPageVM& v) { v.wifi_on = false; }},
+         {"the access point alone, with no address",
+          [](Caches& c) {
+              c.sub.lan_state = c.sub.wifi_status = 0;
+              c.sub.ip.clear();
+          },
+          [](NetworkSettingsPageVM& v) {
+              v.eth_link = v.wifi_link = v.client_link = false;
+              v.ip_text.clear();
+              v.http_url = QString();
+          }},
+         {"the access point off", [](Caches& c) { c.sub.ap_switch = false; },
+          [](NetworkSettingsPageVM& v) {
+              v.ap_on = false;
+              v.ap_http_url = QString();
+          }},
+         {"the default HTTP port", [](Caches& c) { c.http_port = 80; },
+          [&](NetworkSettingsPageVM& v) {
+              v.http_url = "http://" + ip;
+              v.ap_http_url = "http://170.128.88.1";
+          }},
+         {"no HTTP port known", [](Caches& c) { c.http_port = -1; },
+          [](NetworkSettingsPageVM& v) { v.http_url = v.ap_http_url = QString(); }}});
 }
 
-TEST(NetworkSettingsVmTest, UrlsFollowTheConfiguredPort)
+TEST(SettingsVm, CameraPageShowsTheDefaultSleepForNone)
 {
-    const ZmqSubCache sub = subWithNetwork({1, false, 0, true, "192.168.0.50"});
-    const NetworkSettingsPageVM on80 = computeNetworkSettingsPageVm(sub, ZmqGetCache{}, 80);
-    EXPECT_TRUE(on80.eth_link);
-    EXPECT_EQ(on80.ip_text, "192.168.0.50");
-    EXPECT_EQ(on80.http_url, "http://192.168.0.50");
-    EXPECT_EQ(on80.ap_http_url, "http://170.128.88.1");
-
-    const NetworkSettingsPageVM unknown = computeNetworkSettingsPageVm(sub, ZmqGetCache{}, -1);
-    EXPECT_TRUE(unknown.http_url.isNull());
-    EXPECT_TRUE(unknown.ap_http_url.isNull());
+    const Caches c = reportedCaches();
+    CameraSettingsPageVM v;
+    v.lcd_lock_on = v.tally_on = true;
+    v.lcd_bright = c.get.lcd_bright;
+    v.lcd_sleep = c.get.lcd_sleep;
+    v.ptz_protocol = c.get.ptz.protocol;
+    v.ptz_usb2serial = c.get.ptz.usb2serial;
+    v.tally_mode_id = c.get.tally.mode_id;
+    v.tally_color_id = c.get.tally.color_id;
+    std::vector<Rule<CameraSettingsPageVM>> rules;
+    const std::pair<int, int> sleeps[] = {{0, 5}, {-3, 5}, {1, 1}};
+    for (const auto& [reported, shown] : sleeps)
+        rules.push_back({"an LCD sleep time", [r = reported](Caches& c) { c.get.lcd_sleep = r; },
+                         [s = shown](CameraSettingsPageVM& v) { v.lcd_sleep = s; }});
+    expectRules<CameraSettingsPageVM>(
+        [](const Caches& c) { return computeCameraSettingsPageVm(c.get); }, v, rules);
 }
 
-TEST(NetworkSettingsVmTest, NoAccessPointUrlWithAccessPointOff)
+TEST(SettingsVm, VideoAndAudioPagesFollowTheWorkMode)
 {
-    const NetworkSettingsPageVM vm = computeNetworkSettingsPageVm(
-        subWithNetwork({1, false, 0, false, "192.168.0.50"}), ZmqGetCache{}, 80);
-    EXPECT_TRUE(vm.ap_http_url.isEmpty());
+    const Caches c = reportedCaches();
+    VideoSettingsPageVM video;
+    video.audio_out_on = video.loop_out_on = video.ai_tracking_on = video.gsk_on = true;
+    video.gsk_bg_count = c.get.gsk.user_bgfile_count;
+    video.in_width = c.sub.video_width;
+    video.in_height = c.sub.video_height;
+    video.in_fps = c.sub.video_fps;
+    video.out_format = c.get.video_out.format;
+    auto decoder = [](Caches& c) { c.sub.workmode_id = kDecoder; };
+    expectRules<VideoSettingsPageVM>(
+        [](const Caches& c) {
+            return computeVideoSettingsPageVm(c.sub, c.get, c.stored_work_mode);
+        },
+        video, {{"a decoder has no tracking or matting", decoder, [](VideoSettingsPageVM& v) {
+                     v.work_mode = kDecoder;
+                     v.ai_tracking_on = v.gsk_on = false;
+                     v.gsk_bg_count = 0;
+                 }}});
+
+    AudioSettingsPageVM audio;
+    audio.volume = c.get.audio.volume;
+    audio.ai_type = c.get.audio.ai_type;
+    expectRules<AudioSettingsPageVM>(
+        [](const Caches& c) {
+            return computeAudioSettingsPageVm(c.sub, c.get, c.stored_work_mode);
+        },
+        audio,
+        {{"audio switched off is muted", [](Caches& c) { c.get.audio.switch_on = 0; },
+          [](AudioSettingsPageVM& v) { v.muted = 1; }},
+         {"a decoder sets the output volume only", decoder,
+          [&](AudioSettingsPageVM& v) {
+              v = AudioSettingsPageVM();
+              v.work_mode = kDecoder;
+              v.volume = c.get.audio.ao_volume;
+          }},
+         {"another work mode", [](Caches& c) { c.sub.workmode_id = 2; },
+          [](AudioSettingsPageVM& v) {
+              v = AudioSettingsPageVM();
+              v.work_mode = 2;
+          }},
+         {"without audio even the mode stays zero", [](Caches& c) { c.get.audio_valid = false; },
+          [](AudioSettingsPageVM& v) { v = AudioSettingsPageVM(); }}});
 }
 
-TEST(NetworkSettingsVmTest, WithoutNetworkTopicNothingIsLinked)
+TEST(SettingsVm, MediaPageShowsTheRecordStateOfTheChosenDisk)
 {
-    ZmqSubCache sub = subWithNetwork({1, true, 4, true, "192.168.0.50"});
-    sub.network_ready = false;
-    const NetworkSettingsPageVM vm = computeNetworkSettingsPageVm(sub, ZmqGetCache{}, 80);
-    EXPECT_FALSE(vm.wifi_on || vm.ap_on || vm.has_link || vm.eth_link || vm.wifi_link
-                 || vm.client_link);
-    EXPECT_TRUE(vm.http_url.isEmpty());
-    EXPECT_TRUE(vm.ap_http_url.isEmpty());
-}
-
-TEST(NetworkSettingsVmTest, AccessPointQrNeedsValidApInfo)
-{
-    ZmqGetCache get;
-    get.ap_ssid = "Box;AP";
-    get.ap_psk = "secret";
-    EXPECT_TRUE(computeNetworkSettingsPageVm(ZmqSubCache{}, get, 80).ap_wifi_qr.isEmpty());
-
-    get.ap_valid = true;
-    const NetworkSettingsPageVM vm = computeNetworkSettingsPageVm(ZmqSubCache{}, get, 80);
-    EXPECT_EQ(vm.ap_ssid, "Box;AP");
-    EXPECT_EQ(vm.ap_psk, "secret");
-    EXPECT_EQ(vm.ap_wifi_qr, "WIFI:S:Box;AP;T:WPA;P:secret;H:false;;");
-}
-
-TEST(NetworkSettingsVmTest, NasListIsCopiedInOrderWhenValid)
-{
-    ZmqGetCache get;
-    get.nas_list = {{"share-a", true, 1}, {"share-b", false, 0}};
-    EXPECT_TRUE(computeNetworkSettingsPageVm(ZmqSubCache{}, get, 80).nas_list.isEmpty());
-
-    get.nas_valid = true;
-    const QList<NasMountInfo> expected{{"share-a", true, 1}, {"share-b", false, 0}};
-    EXPECT_EQ(computeNetworkSettingsPageVm(ZmqSubCache{}, get, 80).nas_list, expected);
-}
-
-TEST(CameraSettingsVmTest, NonPositiveSleepShowsTheDefault)
-{
-    ZmqGetCache get;
-    get.lcd_valid = true;
-    const std::pair<int, int> reported_to_shown[] = {{0, 5}, {-3, 5}, {1, 1}, {30, 30}};
-    for (const auto& [reported, shown] : reported_to_shown) {
-        get.lcd_sleep = reported;
-        EXPECT_EQ(computeCameraSettingsPageVm(get).lcd_sleep, shown) << reported;
-    }
-}
-
-TEST(CameraSettingsVmTest, GroupsKeepDefaultsUntilValid)
-{
-    ZmqGetCache get;
-    get.lcd_lock_stat = 1;
-    get.lcd_bright = 80;
-    get.lcd_sleep = 0;
-    get.ptz = {5, 1};
-    get.tally = {1, 2, 3};
-    const CameraSettingsPageVM before = computeCameraSettingsPageVm(get);
-    EXPECT_EQ(before, CameraSettingsPageVM{});
-
-    get.lcd_valid = get.ptz_valid = get.tally_valid = true;
-    const CameraSettingsPageVM after = computeCameraSettingsPageVm(get);
-    EXPECT_TRUE(after.lcd_lock_on);
-    EXPECT_EQ(after.lcd_bright, 80);
-    EXPECT_EQ(after.ptz_protocol, 5);
-    EXPECT_EQ(after.ptz_usb2serial, 1);
-    EXPECT_TRUE(after.tally_on);
-    EXPECT_EQ(after.tally_mode_id, 2);
-    EXPECT_EQ(after.tally_color_id, 3);
-}
-
-ZmqGetCache getWithAudio()
-{
-    ZmqGetCache get;
-    get.audio_valid = true;
-    get.audio.switch_on = 0;
-    get.audio.volume = 6;
-    get.audio.ao_volume = 3;
-    get.audio.ai_type = 2;
-    return get;
-}
-
-TEST(AudioSettingsVmTest, EncoderShowsInputVolumeAndMute)
-{
-    ZmqGetCache get = getWithAudio();
-    AudioSettingsPageVM vm = computeAudioSettingsPageVm(subInWorkMode(kEncoder), get, kDecoder);
-    EXPECT_EQ(vm.work_mode, kEncoder);
-    EXPECT_EQ(vm.muted, 1);
-    EXPECT_EQ(vm.volume, 6);
-    EXPECT_EQ(vm.ai_type, 2);
-
-    get.audio.switch_on = 1;
-    vm = computeAudioSettingsPageVm(subInWorkMode(kEncoder), get, kDecoder);
-    EXPECT_EQ(vm.muted, 0);
-}
-
-TEST(AudioSettingsVmTest, DecoderShowsOutputVolumeOnly)
-{
-    const AudioSettingsPageVM vm =
-        computeAudioSettingsPageVm(subInWorkMode(kDecoder), getWithAudio(), kEncoder);
-    EXPECT_EQ(vm.work_mode, kDecoder);
-    EXPECT_EQ(vm.muted, 0);
-    EXPECT_EQ(vm.volume, 3);
-    EXPECT_EQ(vm.ai_type, 0);
-}
-
-TEST(AudioSettingsVmTest, OtherModeKeepsValuesAtZero)
-{
-    const AudioSettingsPageVM vm =
-        computeAudioSettingsPageVm(subInWorkMode(2), getWithAudio(), kEncoder);
-    EXPECT_EQ(vm.work_mode, 2);
-    EXPECT_EQ(vm.muted, 0);
-    EXPECT_EQ(vm.volume, 0);
-}
-
-TEST(AudioSettingsVmTest, InvalidAudioGivesAllZeroEvenTheMode)
-{
-    ZmqGetCache get = getWithAudio();
-    get.audio_valid = false;
-    EXPECT_EQ(computeAudioSettingsPageVm(subInWorkMode(kDecoder), get, kDecoder),
-              AudioSettingsPageVM{});
-}
-
-ZmqGetCache getWithEncoderExtras()
-{
-    ZmqGetCache get;
-    get.ai_tracking_valid = true;
-    get.ai_tracking.nn_enable = 1;
-    get.gsk_valid = true;
-    get.gsk = {1, 4};
-    return get;
-}
-
-TEST(VideoSettingsVmTest, EncoderShowsTrackingAndMatting)
-{
-    const VideoSettingsPageVM vm =
-        computeVideoSettingsPageVm(subInWorkMode(kEncoder), getWithEncoderExtras(), kDecoder);
-    EXPECT_TRUE(vm.ai_tracking_on);
-    EXPECT_TRUE(vm.gsk_on);
-    EXPECT_EQ(vm.gsk_bg_count, 4);
-}
-
-TEST(VideoSettingsVmTest, DecoderIgnoresEncoderOnlyFeatures)
-{
-    ZmqSubCache sub = subInWorkMode(kDecoder);
-    sub.video_input_ready = true;
-    sub.video_width = 1920;
-    sub.video_fps = 50;
-    const VideoSettingsPageVM vm = computeVideoSettingsPageVm(sub, getWithEncoderExtras(), 0);
-    EXPECT_EQ(vm.work_mode, kDecoder);
-    EXPECT_FALSE(vm.ai_tracking_on);
-    EXPECT_FALSE(vm.gsk_on);
-    EXPECT_EQ(vm.gsk_bg_count, 0);
-    EXPECT_EQ(vm.in_width, 1920);
-    EXPECT_EQ(vm.in_fps, 50);
-}
-
-TEST(MediaSettingsVmTest, RecordStatusFollowsThePresentStorage)
-{
-    ZmqSubCache sub = subInWorkMode(kEncoder);
-    putRecordTask(sub, 1, "usb1_0", 2, 10);
-    putRecordTask(sub, 0, "sdcard_0", 1, 10);
-
-    MediaSettingsPageVM vm = computeMediaSettingsPageVm(sub, getWithPresentStorage(1), kEncoder);
-    EXPECT_EQ(vm.present_storage_id, 1);
-    EXPECT_EQ(vm.record_status, 2);
-
-    vm = computeMediaSettingsPageVm(sub, ZmqGetCache{}, kEncoder);
-    EXPECT_EQ(vm.present_storage_id, -1);
-    EXPECT_EQ(vm.record_status, 0);
-}
-
-TEST(MediaSettingsVmTest, NdiAndSrtHonourTheirFlags)
-{
-    ZmqGetCache get;
-    get.enc_ndi_switch = 1;
-    get.enc_ndi_mode_id = 2;
-    get.enc_ndi_machinename = "BOX-\xC3\x9F";
-    get.enc_srt.switch_on = 1;
-    MediaSettingsPageVM vm = computeMediaSettingsPageVm(ZmqSubCache{}, get, kEncoder);
-    EXPECT_FALSE(vm.ndi_on);
-    EXPECT_FALSE(vm.srt_on);
-    EXPECT_TRUE(vm.ndi_machinename.isEmpty());
-
-    get.enc_ndi_valid = true;
-    get.local_server_valid = true;
-    vm = computeMediaSettingsPageVm(ZmqSubCache{}, get, kEncoder);
-    EXPECT_TRUE(vm.ndi_on);
-    EXPECT_EQ(vm.ndi_mode_id, 2);
-    EXPECT_EQ(vm.ndi_machinename, QString::fromUtf8("BOX-\xC3\x9F"));
-    EXPECT_TRUE(vm.srt_on);
-}
-
-TEST(SystemSettingsVmTest, GroupsHonourTheirFlags)
-{
-    ZmqGetCache get;
-    get.dc_out_switch = 1;
-    get.dc_out_voltage = 3;
-    get.usb_otg_id = 1;
-    get.version = {"HW1", "FW2", "Box", "SN3"};
-    get.dashboard = {"12h", "2025-01-01"};
-    EXPECT_EQ(computeSystemSettingsPageVm(get), SystemSettingsPageVM{});
-
-    get.dc_out_valid = get.usb_otg_valid = get.version_valid = get.dashboard_valid = true;
-    const SystemSettingsPageVM vm = computeSystemSettingsPageVm(get);
-    EXPECT_TRUE(vm.dc_out_on);
-    EXPECT_EQ(vm.dc_out_voltage, 3);
-    EXPECT_TRUE(vm.usb_otg_on);
-    EXPECT_EQ(vm.hardware_version, "HW1");
-    EXPECT_EQ(vm.firmware_version, "FW2");
-    EXPECT_EQ(vm.device_name, "Box");
-    EXPECT_EQ(vm.serial_number, "SN3");
-    EXPECT_EQ(vm.persistent_time, "12h");
-    EXPECT_EQ(vm.device_start_time, "2025-01-01");
-}
-
-TEST(DecodingSettingsVmTest, SwitchesHonourTheirFlags)
-{
-    ZmqGetCache get;
-    get.dec_rtmp_switch = 1;
-    get.dec_srt_server_switch = 1;
-    get.dec_srt_play_switch = 0;
-    EXPECT_EQ(computeDecodingSettingsPageVm(get), DecodingSettingsPageVM{});
-
-    get.dec_rtmp_valid = get.dec_srt_valid = true;
-    const DecodingSettingsPageVM vm = computeDecodingSettingsPageVm(get);
-    EXPECT_TRUE(vm.rtmp_on);
-    EXPECT_TRUE(vm.srt_server_on);
-    EXPECT_FALSE(vm.srt_play_on);
+    const Caches c = reportedCaches();
+    MediaSettingsPageVM v;
+    v.ndi_on = v.srt_on = true;
+    v.ndi_mode_id = c.get.enc_ndi_mode_id;
+    v.ndi_machinename = QString::fromUtf8("BOX-\xC3\x9F");
+    v.present_storage_id = c.get.present_storage_id;
+    v.record_status = c.sub.record_status[2];
+    expectRules<MediaSettingsPageVM>(
+        [](const Caches& c) {
+            return computeMediaSettingsPageVm(c.sub, c.get, c.stored_work_mode);
+        },
+        v,
+        {{"the TF card chosen", [](Caches& c) { c.get.present_storage_id = 0; },
+          [](MediaSettingsPageVM& v) {
+              v.present_storage_id = 0;
+              v.record_status = 0;
+          }},
+         {"no disk chosen yet", [](Caches& c) { c.get.present_storage_valid = false; },
+          [](MediaSettingsPageVM& v) {
+              v.present_storage_id = -1;
+              v.record_status = 0;
+          }}});
 }
 
 } // namespace
+} // namespace modeltest
