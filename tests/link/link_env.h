@@ -9,20 +9,16 @@
 
 namespace linktest {
 
-using testsupport::operationOf;
-
 // A worker wired to scripted web and media server daemons in a private folder
 // and on a free loopback port for topics. Script the replies that the
 // worker's constructor needs before calling start().
-class LinkEnv {
-public:
-    LinkEnv();
+struct LinkEnv {
     void start() { worker = std::make_unique<ZmqSubWorker>(endpoints); }
 
     testsupport::TempDir dir;
-    BackendEndpoints endpoints;
-    testsupport::ScriptedDaemon web;
-    testsupport::ScriptedDaemon media;
+    BackendEndpoints endpoints = BackendEndpoints::local(dir.path(), testsupport::freeTcpPort());
+    testsupport::ScriptedDaemon web{endpoints.webserver};
+    testsupport::ScriptedDaemon media{endpoints.mediaserver};
     std::unique_ptr<ZmqSubWorker> worker;
 };
 

@@ -1,91 +1,153 @@
 #pragma once
-// The simulator as the daemons' side of the wire, reached the raw way: JSON
+// The simulator reached the raw way, from the panel's side of the wire: JSON
 // requests through the transport's client role, lines over the control
-// socket, and a subscriber that records every topic message.
+// socket, and a subscriber that keeps every topic message.
 #include "support/sim/sim_fixture.h"
+#include "support/test_support.h"
 #include "transport/zmq_manager.h"
 
-#include <nlohmann/json.hpp>
+#include <sys/socket.h>
+#include <sys/un.h>
+#include <unistd.h>
 
 #include <atomic>
-#include <chrono>
-#include <functional>
+#include <cstring>
 #include <mutex>
-#include <string>
 #include <thread>
-#include <vector>
 
 namespace simtest {
 
 using json = nlohmann::json;
 
-// The panel's side of a request endpoint: the transport's client role and a
-// raw JSON request, as the panel builds it.
-class Client {
-public:
-    explicit Client(const std::string& endpoint);
-    // The transport's result: reply length, or -1.
-    int send(const json& request, std::string& reply, int timeout_ms = 1000);
-    // The parsed reply; null when nothing usable came back.
-    json ask(const json& request, int timeout_ms = 1000);
+// One request; the parsed reply, or null when nothing came back in time.
+inline json ask(const std::string& endpoint, const json& request, int timeout_ms = 1000)
+{
+    ZMQManager client;
+    client.init_zmq_router_dealer_client(endpoint, 1);
+    std::string reply;
+    if (client.send_zmq_router_dealer_client_msg(request.dump(), reply, timeout_ms) < 0)
+        return nullptr;
+    return json::parse(reply, nullptr, false);
+}
 
-private:
-    ZMQManager manager_;
-};
+// A request body as the panel's API builds it.
+inline json request(const std::string& module, const std::string& group, const std::string& opt,
+                    const json& data = nullptr)
+{
+    json body = {{"func_module", module}};
+    for (const auto& [key, value] : {std::pair{"group", group}, std::pair{"opt", opt}})
+        if (!value.empty())
+            body[key] = value;
+    if (!data.is_null())
+        body["data"] = data;
+    return body;
+}
 
-// The control channel as a user script would use it: one line out, one back.
-class ControlClient {
-public:
-    explicit ControlClient(const std::string& path);
-    ~ControlClient();
-    std::string send(const std::string& line);
-
-private:
-    int fd_ = -1;
-};
+// One line to the control socket, and the line it answers.
+inline std::string controlLine(const std::string& socket_path, const std::string& line)
+{
+    const int fd = ::socket(AF_UNIX, SOCK_STREAM, 0);
+    sockaddr_un address{};
+    address.sun_family = AF_UNIX;
+    std::strncpy(address.sun_path, socket_path.c_str(), sizeof(address.sun_path) - 1);
+    timeval timeout{5, 0};
+    ::setsockopt(fd, SOL_SOCKET, SO_RCVTIMEO, &timeout, sizeof(timeout));
+    std::string reply = "<no connection>";
+    const std::string out = line + "\n";
+    if (::connect(fd, reinterpret_cast<sockaddr*>(&address), sizeof(address)) == 0
+        && ::write(fd, out.data(), out.size()) == static_cast<ssize_t>(out.size())) {
+        reply.clear();
+        for (char c = 0; ::read(fd, &c, 1) == 1 && c != '\n';)
+            reply += c;
+    }
+    ::close(fd);
+    return reply;
+}
 
 // A subscriber to every topic, receiving on a thread of its own.
 class TopicListener {
 public:
-    explicit TopicListener(const std::string& endpoint);
-    ~TopicListener();
+    explicit TopicListener(const std::string& endpoint)
+    {
+        manager.init_zmq_socket(zmq::socket_type::sub, endpoint, 1);
+        manager.set_subscribe_topic("");
+        thread = std::thread([this] {
+            std::string topic;
+            std::string content;
+            while (running)
+                if (manager.recv_sub_msg(topic, content) == 0) {
+                    std::lock_guard<std::mutex> lock(mutex);
+                    received.emplace_back(topic, content);
+                }
+        });
+    }
+    ~TopicListener()
+    {
+        running = false;
+        thread.join();
+    }
 
-    // Waits until a message of `topic` satisfies `accept` (given the raw
-    // payload); messages before this call count too.
-    bool waitFor(const std::string& topic, const std::function<bool(const std::string&)>& accept,
-                 std::chrono::milliseconds deadline = std::chrono::milliseconds(3000));
-    bool waitForJson(const std::string& topic, const std::function<bool(const json&)>& accept,
-                     std::chrono::milliseconds deadline = std::chrono::milliseconds(3000));
-    int count(const std::string& topic);
-    void forget();
+    // Waits until a message of `topic` received since the last forget()
+    // passes `accept`, given the raw content.
+    bool waitForRaw(const std::string& topic, const std::function<bool(const std::string&)>& accept)
+    {
+        std::size_t seen = 0;
+        return testsupport::waitUntil([&] {
+            std::lock_guard<std::mutex> lock(mutex);
+            for (; seen < received.size(); ++seen)
+                if (received[seen].first == topic && accept(received[seen].second))
+                    return true;
+            return false;
+        });
+    }
+    // The same for payloads that are JSON.
+    bool waitFor(const std::string& topic, const std::function<bool(const json&)>& accept)
+    {
+        return waitForRaw(topic, [&](const std::string& content) {
+            const json payload = json::parse(content, nullptr, false);
+            return !payload.is_discarded() && accept(payload);
+        });
+    }
+    int count(const std::string& topic)
+    {
+        std::lock_guard<std::mutex> lock(mutex);
+        return static_cast<int>(std::count_if(received.begin(), received.end(),
+                                              [&](const auto& m) { return m.first == topic; }));
+    }
+    void forget()
+    {
+        std::lock_guard<std::mutex> lock(mutex);
+        received.clear();
+    }
 
 private:
-    ZMQManager manager_;
-    std::atomic<bool> running_{true};
-    std::thread thread_;
-    std::mutex mutex_;
-    std::vector<std::pair<std::string, std::string>> received_;
+    ZMQManager manager;
+    std::atomic<bool> running{true};
+    std::mutex mutex;
+    std::vector<std::pair<std::string, std::string>> received;
+    std::thread thread;
 };
 
-// An in-process simulator with a raw web server client and its control socket.
+// An in-process simulator with a listener on its topics.
 struct Harness {
     explicit Harness(const std::function<void(sim::SimConfig&)>& adjust = nullptr) : fixture(adjust)
     {
     }
-
-    json web(const json& request) { return web_client.ask(request); }
-    std::string control(const std::string& line) { return control_client.send(line); }
+    json web(const json& body) { return ask(fixture.endpoints().webserver, body); }
+    // The reply's status code, or "<none>".
+    std::string status(const json& body)
+    {
+        const json reply = web(body);
+        return reply.is_object() ? reply.value("status", "<none>") : "<no reply>";
+    }
+    std::string control(const std::string& line)
+    {
+        return controlLine(fixture.simulator().controlPath(), line);
+    }
     json stateAt(const std::string& pointer) const { return fixture.at(pointer); }
-    const BackendEndpoints& endpoints() const { return fixture.endpoints(); }
 
     testsupport::SimFixture fixture;
-    Client web_client{fixture.endpoints().webserver};
-    ControlClient control_client{fixture.simulator().controlPath()};
+    TopicListener topics{fixture.endpoints().topics_sub};
 };
-
-// Request bodies as the panel's API builds them.
-json request(const std::string& module, const std::string& group, const std::string& opt,
-             const json& data = nullptr);
-std::string statusOf(const json& reply);
 
 } // namespace simtest

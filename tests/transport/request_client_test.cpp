@@ -1,196 +1,207 @@
-#include "transport_peers.h"
-
+// The request client role over real sockets: one persistent REQ socket per
+// thread, per-call time-outs, and recovery after a daemon that is missing,
+// silent, or answers with nothing.
+#include "support/scripted_daemon.h"
 #include "support/test_support.h"
+#include "transport/zmq_manager.h"
 
 #include <gtest/gtest.h>
 
-#include <chrono>
+#include <future>
+#include <tuple>
 
 using namespace std::chrono_literals;
-using transporttest::isMarked;
-using transporttest::markSocket;
-using transporttest::RawRouterPeer;
-using transporttest::receiveTimeout;
-using transporttest::sendTimeout;
-using transporttest::ServerPeer;
 
 namespace {
 
 using Clock = std::chrono::steady_clock;
+using nlohmann::json;
+using testsupport::ScriptedDaemon;
+using Timeouts = std::pair<int, int>; // receive, send
 
-std::chrono::milliseconds elapsedSince(Clock::time_point start)
+const Timeouts kDefaultTimeouts{2000, 500};
+const std::string kPing = R"({"opt":"ping"})";
+const std::string kPong = R"({"pong":1})";
+
+// Marks a socket so that a test can tell it from one created later.
+void mark(zmq::socket_t* socket)
 {
-    return std::chrono::duration_cast<std::chrono::milliseconds>(Clock::now() - start);
+    socket->set(zmq::sockopt::maxmsgsize, int64_t{424242});
+}
+bool isMarked(zmq::socket_t* socket)
+{
+    return socket->get(zmq::sockopt::maxmsgsize) == 424242;
+}
+Timeouts timeoutsOf(zmq::socket_t* socket)
+{
+    return {socket->get(zmq::sockopt::rcvtimeo), socket->get(zmq::sockopt::sndtimeo)};
 }
 
-std::string echo(const std::string& request)
-{
-    return "reply:" + request;
-}
+// Answers every request with a zero-length message, which the server role
+// never sends.
+class EmptyReplier {
+public:
+    explicit EmptyReplier(const std::string& endpoint)
+    {
+        socket.set(zmq::sockopt::linger, 0);
+        socket.bind(endpoint);
+        loop = std::thread([this] {
+            zmq::message_t request;
+            try {
+                while (socket.recv(request))
+                    socket.send(zmq::message_t(), zmq::send_flags::none);
+            } catch (const zmq::error_t&) {
+                // The context was shut down.
+            }
+        });
+    }
+    ~EmptyReplier()
+    {
+        context.shutdown();
+        loop.join();
+    }
+
+private:
+    zmq::context_t context;
+    zmq::socket_t socket{context, zmq::socket_type::rep};
+    std::thread loop;
+};
 
 class RequestClientTest : public ::testing::Test {
 protected:
     void SetUp() override { client.init_zmq_router_dealer_client(endpoint, 1); }
 
-    zmq::socket_t& ownSocket() { return *client.get_thread_local_rd_client(); }
+    zmq::socket_t* ownSocket() { return client.get_thread_local_rd_client(); }
+    int send(const std::string& request, std::string& response, int timeout_ms)
+    {
+        return client.send_zmq_router_dealer_client_msg(request, response, timeout_ms);
+    }
 
     testsupport::TempDir dir;
     const std::string endpoint = dir.ipcEndpoint("daemon.sock");
     ZMQManager client{"test-client"};
 };
 
-TEST_F(RequestClientTest, ExchangeReturnsTheReplyAndKeepsTheThreadsSocket)
+TEST_F(RequestClientTest, EachThreadKeepsOneSocketWithTheDefaultTimeouts)
 {
-    ServerPeer daemon(endpoint, echo);
-    markSocket(ownSocket());
+    ScriptedDaemon daemon(endpoint);
+    daemon.reply("ping", json::parse(kPong));
+    zmq::socket_t* mine = ownSocket();
+    mark(mine);
 
     std::string response;
-    EXPECT_EQ(client.send_zmq_router_dealer_client_msg("ping", response, 2000), 10);
-    EXPECT_EQ(response, "reply:ping");
-    EXPECT_EQ(client.send_zmq_router_dealer_client_msg("second", response), 12);
-    EXPECT_EQ(response, "reply:second");
+    EXPECT_EQ(send(kPing, response, 2000), static_cast<int>(kPong.size()));
+    EXPECT_EQ(response, kPong);
+    EXPECT_EQ(client.send_zmq_router_dealer_client_msg(kPing, response), (int)kPong.size());
+    EXPECT_EQ(ownSocket(), mine);
+    EXPECT_TRUE(isMarked(mine));
+    EXPECT_EQ(timeoutsOf(mine), kDefaultTimeouts);
 
-    EXPECT_TRUE(isMarked(ownSocket()));
-    EXPECT_EQ(receiveTimeout(ownSocket()), 2000);
-    EXPECT_EQ(sendTimeout(ownSocket()), 500);
+    const auto [theirs, theirs_later, length] = std::async(std::launch::async, [&] {
+                                                    zmq::socket_t* first = ownSocket();
+                                                    std::string reply;
+                                                    const int n = send(kPing, reply, 2000);
+                                                    return std::tuple{first, ownSocket(), n};
+                                                }).get();
+    EXPECT_NE(theirs, mine);
+    EXPECT_EQ(theirs_later, theirs);
+    EXPECT_EQ(length, static_cast<int>(kPong.size()));
+    EXPECT_EQ(daemon.countOf("ping"), 3);
 }
 
-TEST_F(RequestClientTest, AbsentDaemonFailsTheSendAndTheSocketSurvives)
+TEST_F(RequestClientTest, MissingDaemonFailsTheSendAndTheSameSocketCarriesTheNextRequest)
 {
-    zmq::socket_t* before = &ownSocket();
-    markSocket(*before);
-
+    zmq::socket_t* before = ownSocket();
+    mark(before);
     std::string response = "untouched";
     const auto start = Clock::now();
-    EXPECT_EQ(client.send_zmq_router_dealer_client_msg("anyone?", response, 100), -1);
-    EXPECT_LT(elapsedSince(start), 1500ms);
+    EXPECT_EQ(send(kPing, response, 100), -1);
+    EXPECT_LT(Clock::now() - start, 1500ms);
     EXPECT_EQ(response, "untouched");
-    EXPECT_EQ(&ownSocket(), before);
-    EXPECT_TRUE(isMarked(ownSocket()));
 
-    // The socket was still in its send state: once the daemon is up the very
-    // same socket carries the next request.
-    ServerPeer daemon(endpoint, echo);
-    EXPECT_EQ(client.send_zmq_router_dealer_client_msg("now", response, 2000), 9);
-    EXPECT_EQ(response, "reply:now");
-    EXPECT_TRUE(isMarked(ownSocket()));
+    // A send that never went out leaves the REQ socket usable.
+    ScriptedDaemon daemon(endpoint);
+    daemon.reply("ping", json::parse(kPong));
+    EXPECT_EQ(send(kPing, response, 2000), static_cast<int>(kPong.size()));
+    EXPECT_EQ(ownSocket(), before);
+    EXPECT_TRUE(isMarked(before));
 }
 
-TEST_F(RequestClientTest, UnansweredRequestReplacesTheSocketAndTheNextCallWorks)
+TEST_F(RequestClientTest, UnansweredRequestReplacesTheSocketAndTheNextCallWorksAtOnce)
 {
-    RawRouterPeer daemon(endpoint, [](int index, const std::string&) {
-        return index == 0 ? std::nullopt : std::optional<std::string>("pong");
-    });
-    markSocket(ownSocket());
+    ScriptedDaemon daemon(endpoint);
+    daemon.reply("lost", {{"late", true}}, 5s);
+    daemon.reply("ping", json::parse(kPong));
+    mark(ownSocket());
 
     std::string response = "untouched";
-    EXPECT_EQ(client.send_zmq_router_dealer_client_msg("lost", response, 150), -1);
+    EXPECT_EQ(send(R"({"opt":"lost"})", response, 150), -1);
     EXPECT_EQ(response, "untouched");
     EXPECT_FALSE(isMarked(ownSocket()));
-    EXPECT_EQ(receiveTimeout(ownSocket()), 2000);
-    EXPECT_EQ(sendTimeout(ownSocket()), 500);
+    EXPECT_EQ(timeoutsOf(ownSocket()), kDefaultTimeouts);
 
     const auto start = Clock::now();
-    EXPECT_EQ(client.send_zmq_router_dealer_client_msg("again", response), 4);
-    EXPECT_EQ(response, "pong");
-    EXPECT_LT(elapsedSince(start), 1000ms);
+    EXPECT_EQ(client.send_zmq_router_dealer_client_msg(kPing, response), (int)kPong.size());
+    EXPECT_EQ(response, kPong) << "the late answer must never pass for the next one";
+    EXPECT_LT(Clock::now() - start, 1000ms);
 }
 
 TEST_F(RequestClientTest, ZeroLengthReplyIsAnErrorAndReplacesTheSocket)
 {
-    RawRouterPeer daemon(endpoint, [](int, const std::string&) { return std::string(); });
-    markSocket(ownSocket());
-
+    EmptyReplier daemon(endpoint);
+    mark(ownSocket());
     std::string response;
-    EXPECT_EQ(client.send_zmq_router_dealer_client_msg("hello", response, 1000), -1);
-    EXPECT_EQ(response, "{\"error\":\"empty reply\"}");
+    EXPECT_EQ(send(kPing, response, 1000), -1);
+    EXPECT_EQ(response, R"({"error":"empty reply"})");
     EXPECT_FALSE(isMarked(ownSocket()));
 }
 
-TEST_F(RequestClientTest, PerCallTimeoutIsCappedAtTenSecondsAndRestoredAfterwards)
+TEST_F(RequestClientTest, PerCallTimeoutIsCappedAndRestoredAndZeroOrLessKeepsTheSockets)
 {
-    RawRouterPeer daemon(endpoint, [](int, const std::string&) { return std::nullopt; });
+    ScriptedDaemon daemon(endpoint);
+    daemon.reply("slow", json::parse(kPong), 1200ms);
     std::atomic<zmq::socket_t*> in_use{nullptr};
-    int result = 0;
-    int restored_rcv = 0;
-    int restored_snd = 0;
-    std::thread caller([&] {
-        in_use = client.get_thread_local_rd_client();
+    auto call = std::async(std::launch::async, [&] {
+        in_use = ownSocket();
         std::string response;
-        result = client.send_zmq_router_dealer_client_msg("slow", response, 20000);
-        restored_rcv = receiveTimeout(*client.get_thread_local_rd_client());
-        restored_snd = sendTimeout(*client.get_thread_local_rd_client());
+        const int result = send(R"({"opt":"slow"})", response, 20000);
+        return std::pair{result, timeoutsOf(ownSocket())};
     });
+    ASSERT_TRUE(testsupport::waitUntil([&] { return daemon.countOf("slow") == 1; }));
+    EXPECT_EQ(timeoutsOf(in_use), Timeouts(10000, 10000));
+    const auto [result, restored] = call.get();
+    EXPECT_EQ(result, static_cast<int>(kPong.size()));
+    EXPECT_EQ(restored, kDefaultTimeouts);
 
-    ASSERT_TRUE(testsupport::waitUntil([&] { return daemon.received() == 1; }));
-    EXPECT_EQ(receiveTimeout(*in_use), 10000);
-    EXPECT_EQ(sendTimeout(*in_use), 10000);
-    daemon.answerSwallowed("late");
-    caller.join();
-
-    EXPECT_EQ(result, 4);
-    EXPECT_EQ(restored_rcv, 2000);
-    EXPECT_EQ(restored_snd, 500);
-}
-
-TEST_F(RequestClientTest, ZeroOrNegativeTimeoutKeepsTheSocketsOwnTimeouts)
-{
-    RawRouterPeer daemon(endpoint, [](int, const std::string&) { return std::nullopt; });
     for (const int timeout : {0, -5}) {
-        ownSocket().set(zmq::sockopt::rcvtimeo, 120);
+        ownSocket()->set(zmq::sockopt::rcvtimeo, 120);
         std::string response;
         const auto start = Clock::now();
-        EXPECT_EQ(client.send_zmq_router_dealer_client_msg("x", response, timeout), -1);
-        EXPECT_LT(elapsedSince(start), 1500ms) << "timeout " << timeout;
+        EXPECT_EQ(send(R"({"opt":"slow"})", response, timeout), -1);
+        EXPECT_LT(Clock::now() - start, 1000ms) << "timeout " << timeout;
     }
-}
-
-TEST_F(RequestClientTest, EachThreadGetsItsOwnPersistentSocket)
-{
-    ServerPeer daemon(endpoint, echo, 2);
-    zmq::socket_t* mine = &ownSocket();
-
-    zmq::socket_t* theirs = nullptr;
-    zmq::socket_t* theirs_later = nullptr;
-    const int result = transporttest::onOtherThread([&] {
-        theirs = client.get_thread_local_rd_client();
-        std::string response;
-        const int length = client.send_zmq_router_dealer_client_msg("from-other", response, 2000);
-        theirs_later = client.get_thread_local_rd_client();
-        return length;
-    });
-
-    EXPECT_EQ(result, 16);
-    ASSERT_NE(theirs, nullptr);
-    EXPECT_NE(theirs, mine);
-    EXPECT_EQ(theirs_later, theirs);
-    EXPECT_EQ(&ownSocket(), mine);
 }
 
 TEST_F(RequestClientTest, CloseAllIsBoundedWhileARequestHangs)
 {
-    RawRouterPeer daemon(endpoint, [](int, const std::string&) { return std::nullopt; });
-    int result = 0;
-    std::thread caller([&] {
+    ScriptedDaemon daemon(endpoint);
+    daemon.reply("hang", json::object(), 8s);
+    auto call = std::async(std::launch::async, [&] {
         std::string response;
-        result = client.send_zmq_router_dealer_client_msg("hang", response, 8000);
+        return send(R"({"opt":"hang"})", response, 8000);
     });
-    ASSERT_TRUE(testsupport::waitUntil([&] { return daemon.received() == 1; }));
+    ASSERT_TRUE(testsupport::waitUntil([&] { return daemon.countOf("hang") == 1; }));
     EXPECT_EQ(client.requests_in_flight(), 1);
 
     const auto start = Clock::now();
     client.close_all_rd_clients();
-    const auto took = elapsedSince(start);
-    EXPECT_GE(took, 500ms) << "shutdown did not wait for the request in flight";
-    EXPECT_LT(took, 2000ms);
-    // The hanging request is released as well, long before its own time-out.
-    caller.join();
-    EXPECT_EQ(result, -1);
-    EXPECT_LT(elapsedSince(start), 3000ms);
+    EXPECT_GE(Clock::now() - start, 500ms) << "shutdown did not wait for the request in flight";
+    EXPECT_EQ(call.get(), -1);
+    EXPECT_LT(Clock::now() - start, 3000ms) << "the hanging request was not released";
 
     std::string response;
-    EXPECT_EQ(client.get_thread_local_rd_client(), nullptr);
-    EXPECT_EQ(client.send_zmq_router_dealer_client_msg("after", response), -1);
+    EXPECT_EQ(ownSocket(), nullptr);
+    EXPECT_EQ(client.send_zmq_router_dealer_client_msg(kPing, response), -1);
 }
 
 TEST(RequestClientRole, UninitialisedClientRefusesEveryCall)

@@ -1,61 +1,60 @@
+// ScreenCapture: what the widget shows, written to a file that the next tick
+// replaces, switched on by the environment.
 #include "ui/screen_capture.h"
 
+#include "support/qt_capture.h"
 #include "support/test_support.h"
 
 #include <QImage>
 #include <QWidget>
-
 #include <gtest/gtest.h>
+
+#include <memory>
 
 namespace {
 
-QWidget* paintedWidget(const QColor& colour)
+void paint(QWidget* widget, const QColor& colour)
 {
-    auto* widget = new QWidget;
-    widget->setFixedSize(64, 32);
-    widget->setAutoFillBackground(true);
     QPalette palette = widget->palette();
     palette.setColor(QPalette::Window, colour);
     widget->setPalette(palette);
-    return widget;
+}
+
+QColor pixelOf(const QString& file)
+{
+    return QColor(QImage(file).pixel(10, 10));
+}
+
+TEST(ScreenCapture, WritesWhatTheWidgetShowsAndReplacesItAtTheNextTick)
+{
+    testsupport::TempDir dir;
+    auto widget = std::make_unique<QWidget>();
+    widget->setFixedSize(64, 32);
+    widget->setAutoFillBackground(true);
+    paint(widget.get(), Qt::red);
+    auto* capture = new ScreenCapture(widget.get(), QString::fromStdString(dir.file("a/b")), 20);
+    ASSERT_TRUE(capture->captureNow());
+    EXPECT_EQ(QImage(capture->filePath()).size(), QSize(64, 32));
+    EXPECT_EQ(pixelOf(capture->filePath()), QColor(Qt::red));
+
+    paint(widget.get(), Qt::blue);
+    EXPECT_TRUE(testsupport::waitUntil([&] { return pixelOf(capture->filePath()) == Qt::blue; }));
+
+    EXPECT_FALSE(ScreenCapture(widget.get(), "/proc/no-such-folder", 60000).captureNow());
+}
+
+TEST(ScreenCapture, EnvironmentFolderSwitchesItOn)
+{
+    QWidget widget;
+    testsupport::TempDir dir;
+    {
+        const testsupport::ScopedEnv unset("PANEL_SCREENSHOT_DIR", nullptr);
+        EXPECT_EQ(ScreenCapture::fromEnvironment(&widget), nullptr);
+    }
+    const testsupport::ScopedEnv set("PANEL_SCREENSHOT_DIR", dir.path().c_str());
+    const ScreenCapture* capture = ScreenCapture::fromEnvironment(&widget);
+    ASSERT_NE(capture, nullptr);
+    EXPECT_TRUE(capture->filePath().startsWith(QString::fromStdString(dir.path())));
 }
 
 } // namespace
-
-TEST(ScreenCaptureTest, WritesWhatTheWidgetShowsAndReplacesItOnTheNextTick)
-{
-    testsupport::TempDir dir;
-    std::unique_ptr<QWidget> widget(paintedWidget(Qt::red));
-    const QString folder = QString::fromStdString(dir.file("shots/nested"));
-    auto* capture = new ScreenCapture(widget.get(), folder, 20);
-
-    ASSERT_TRUE(capture->captureNow());
-    QImage first(capture->filePath());
-    ASSERT_FALSE(first.isNull());
-    EXPECT_EQ(first.size(), QSize(64, 32));
-    EXPECT_EQ(QColor(first.pixel(10, 10)), QColor(Qt::red));
-
-    QPalette palette = widget->palette();
-    palette.setColor(QPalette::Window, Qt::blue);
-    widget->setPalette(palette);
-    EXPECT_TRUE(testsupport::waitUntil(
-        [&] { return QColor(QImage(capture->filePath()).pixel(10, 10)) == QColor(Qt::blue); },
-        std::chrono::milliseconds(5000)));
-}
-
-TEST(ScreenCaptureTest, EnvironmentSwitchesItOnAndAnUnwritableFolderFailsQuietly)
-{
-    std::unique_ptr<QWidget> widget(paintedWidget(Qt::green));
-    qunsetenv("PANEL_SCREENSHOT_DIR");
-    EXPECT_EQ(ScreenCapture::fromEnvironment(widget.get()), nullptr);
-
-    testsupport::TempDir dir;
-    qputenv("PANEL_SCREENSHOT_DIR", QByteArray::fromStdString(dir.file("env")));
-    ScreenCapture* capture = ScreenCapture::fromEnvironment(widget.get());
-    qunsetenv("PANEL_SCREENSHOT_DIR");
-    ASSERT_NE(capture, nullptr);
-    EXPECT_TRUE(capture->filePath().startsWith(QString::fromStdString(dir.file("env"))));
-
-    ScreenCapture blocked(widget.get(), "/proc/no-such-folder", 60000);
-    EXPECT_FALSE(blocked.captureNow());
-}

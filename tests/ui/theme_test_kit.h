@@ -1,5 +1,5 @@
-// Helpers shared by the icon and theme tests: the two style sheets and
-// colour checks on rendered icons.
+// Shared by the icon and theme tests: the style sheets and colour checks on
+// rendered pictures.
 #pragma once
 
 #include "ui/panel_resources.h"
@@ -8,35 +8,25 @@
 #include <QFile>
 #include <QImage>
 #include <QPixmap>
-#include <QString>
 #include <QStringList>
-#include <QVariant>
 
 namespace looktest {
 
-inline const QStringList& themeNames()
-{
-    static const QStringList names{QStringLiteral("black"), QStringLiteral("blue")};
-    return names;
-}
+inline const QStringList kThemes{QStringLiteral("black"), QStringLiteral("blue")};
 
 inline QString themeSheet(const QString& theme)
 {
     initPanelResources();
     QFile file(QStringLiteral(":/themes/%1.qss").arg(theme));
-    if (!file.open(QIODevice::ReadOnly))
-        return QString();
-    return QString::fromUtf8(file.readAll());
+    return file.open(QIODevice::ReadOnly) ? QString::fromUtf8(file.readAll()) : QString();
 }
 
 struct InkSummary {
     int inkedPixels = 0;     // alpha above zero
-    int offColourPixels = 0; // clearly visible, but not the expected colour
+    int offColourPixels = 0; // at least half opaque, but not the expected colour
     QColor firstSolid;       // first fully opaque pixel, invalid if none
 };
 
-// How a picture's visible pixels relate to `expected`. Anti-aliased edges are
-// judged only where they are at least half opaque.
 inline InkSummary inkOf(const QPixmap& pixmap, const QColor& expected = QColor())
 {
     InkSummary summary;
@@ -49,11 +39,10 @@ inline InkSummary inkOf(const QPixmap& pixmap, const QColor& expected = QColor()
             ++summary.inkedPixels;
             if (pixel.alpha() == 255 && !summary.firstSolid.isValid())
                 summary.firstSolid = pixel;
-            const bool visible = pixel.alpha() >= 128;
-            if (visible && expected.isValid()
-                && (qAbs(pixel.red() - expected.red()) > 3
-                    || qAbs(pixel.green() - expected.green()) > 3
-                    || qAbs(pixel.blue() - expected.blue()) > 3))
+            const int distance = qMax(
+                qAbs(pixel.red() - expected.red()),
+                qMax(qAbs(pixel.green() - expected.green()), qAbs(pixel.blue() - expected.blue())));
+            if (expected.isValid() && pixel.alpha() >= 128 && distance > 3)
                 ++summary.offColourPixels;
         }
     }

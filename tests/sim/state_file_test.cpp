@@ -1,4 +1,4 @@
-// The state file and the start script.
+// The state file the simulator starts from and saves to, and its start script.
 #include "sim_harness.h"
 
 #include <gtest/gtest.h>
@@ -26,58 +26,54 @@ TEST(SimStateFile, StartsFromTheFileAndSavesChangesBack)
     const std::string path = files.file("demo.json");
     writeFile(path,
               R"({"system": {"workmode_id": 1}, "lcd": {"lock_stat": 1, "lcd_theme_id": 1}})");
+    auto useFile = [&](sim::SimConfig& config) { config.state_path = path; };
     {
-        Harness sim([&](sim::SimConfig& config) { config.state_path = path; });
+        Harness sim(useFile);
         EXPECT_EQ(sim.web(request("system_api", "workmode", "get_workmode_id"))["workmode_id"], 1);
         EXPECT_EQ(sim.web(request("system_api", "lcd", "get_lcd_info"))["data"]["lock_stat"], 1);
-        // Keys the file leaves out keep their defaults.
-        EXPECT_TRUE(sim.stateAt("/system/version/SN").is_string());
-        ASSERT_EQ(statusOf(sim.web(request("system_api", "sys_attr", "set_sys_attr_info",
-                                           {{"language_id", 2}}))),
+        EXPECT_TRUE(sim.stateAt("/system/version/SN").is_string()) << "keys left out keep defaults";
+        ASSERT_EQ(sim.status(
+                      request("system_api", "sys_attr", "set_sys_attr_info", {{"language_id", 2}})),
                   "00000");
         EXPECT_TRUE(testsupport::waitUntil(
             [&] { return readJson(path).value("/system/language_id"_json_pointer, -1) == 2; }));
     }
-    const json saved = readJson(path);
-    EXPECT_EQ(saved["lcd"]["lcd_theme_id"], 1);
-
-    Harness again([&](sim::SimConfig& config) { config.state_path = path; });
+    Harness again(useFile);
     EXPECT_EQ(again.web(request("system_api", "sys_language",
                                 "get_sys_language_info"))["data"]["language_id"],
               2);
     EXPECT_EQ(again.web(request("system_api", "lcd", "get_lcd_theme"))["data"]["lcd_theme_id"], 1);
 }
 
-TEST(SimStateFile, UnreadableFileIsRefusedAtStart)
+TEST(SimStateFile, FileThatIsNoJsonObjectIsRefusedAtStart)
 {
     testsupport::TempDir files;
-    writeFile(files.file("bad.json"), "{ not json");
     sim::SimConfig config = testsupport::privateSimConfig(files);
-    config.state_path = files.file("bad.json");
-    EXPECT_THROW(sim::Simulator{config}, std::runtime_error);
-    writeFile(files.file("array.json"), "[1, 2]");
-    config.state_path = files.file("array.json");
-    EXPECT_THROW(sim::Simulator{config}, std::runtime_error);
+    config.state_path = files.file("state.json");
+    for (const char* text : {"{ not json", "[1, 2]"}) {
+        writeFile(config.state_path, text);
+        EXPECT_THROW(sim::Simulator{config}, std::runtime_error) << text;
+    }
 }
 
-TEST(SimScript, CommandsRunAtStartAndABadLineStopsTheStart)
+TEST(SimScript, CommandsRunAtStartAndABadLineStopsTheStartNamingItsPlace)
 {
     testsupport::TempDir files;
     writeFile(files.file("start.txt"),
               "# demo\nworkmode 1\nstatus get_lcd_info 80003\n\nset /lcd/lock_stat 1\n");
-    Harness sim([&](sim::SimConfig& config) { config.script_path = files.file("start.txt"); });
-    EXPECT_EQ(sim.stateAt("/system/workmode_id"), 1);
-    EXPECT_EQ(sim.stateAt("/lcd/lock_stat"), 1);
-    EXPECT_EQ(statusOf(sim.web(request("system_api", "lcd", "get_lcd_info"))), "80003");
-
-    testsupport::TempDir other;
-    writeFile(other.file("bad.txt"), "workmode 1\nexplode now\n");
-    sim::SimConfig config = testsupport::privateSimConfig(other);
-    config.script_path = other.file("bad.txt");
+    {
+        Harness sim([&](sim::SimConfig& config) { config.script_path = files.file("start.txt"); });
+        EXPECT_EQ(sim.stateAt("/system/workmode_id"), 1);
+        EXPECT_EQ(sim.stateAt("/lcd/lock_stat"), 1);
+        EXPECT_EQ(sim.status(request("system_api", "lcd", "get_lcd_info")), "80003");
+    }
+    writeFile(files.file("bad.txt"), "workmode 1\nexplode now\n");
+    sim::SimConfig config = testsupport::privateSimConfig(files);
+    config.script_path = files.file("bad.txt");
     sim::Simulator broken(config);
     try {
         broken.start();
-        FAIL() << "a bad script line must stop the start";
+        ADD_FAILURE() << "a bad script line must stop the start";
     } catch (const std::runtime_error& e) {
         EXPECT_NE(std::string(e.what()).find("bad.txt:2"), std::string::npos) << e.what();
     }
