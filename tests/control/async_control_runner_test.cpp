@@ -1,195 +1,141 @@
-// Slow controls on the thread pool against the simulator: the loading card,
-// one job at a time, the finish rules, the push stream page's wait for the
-// topic.
+// Slow controls on the thread pool against the simulator: one job at a time
+// behind the loading card, the finish rules, and the push stream page's wait
+// for the stream topic.
 #include "control/async_control_runner.h"
-#include "control/manual_time_source.h"
-#include "control_sim_backend.h"
 #include "control_test_kit.h"
 
-#include <QLabel>
 #include <QSignalSpy>
+#include <QThread>
 
 #include <gtest/gtest.h>
-
-#include <atomic>
 
 using namespace controltest;
 using testsupport::waitUntil;
 
 namespace {
 
-constexpr int kPushPage = AsyncControlRunner::kPushStreamPage;
-
 class AsyncControl : public ::testing::Test {
 protected:
-    void SetUp() override { app = backend.bareAppManager(); }
-
-    std::function<int()> pushSwitch(int index, int on)
+    std::function<int()> publish(int index, AppManager* manager = nullptr)
     {
-        AppManager* manager = app.get();
-        return [manager, index, on] { return manager->setEncNetStreamSwitch(index, on); };
+        manager = manager ? manager : app.get();
+        return [manager, index] { return manager->setEncNetStreamSwitch(index, 1); };
     }
-    bool finished() const { return !runner.isControlRequestActive(); }
-    QString shownText() const { return host.overlay->textLabel()->text(); }
-    bool publishOn(int index) const
+    bool finished()
+    {
+        return waitUntil([&] { return !runner.isControlRequestActive(); },
+                         std::chrono::milliseconds(8000));
+    }
+    bool publishing(int index) const
     {
         return backend.at("/stream/publish/" + std::to_string(index) + "/switch") == 1;
     }
 
-    SimBackend backend;
-    std::unique_ptr<AppManager> app;
-    OverlayHost host;
-    ManualTimeSource time;
-    OperationFeedback feedback{host.overlay, englishTranslate(), time};
-    int page_on_screen = 21;
-    AsyncControlRunner runner{feedback, [this] { return page_on_screen; }};
+    testsupport::SimFixture backend;
+    std::unique_ptr<AppManager> app = backend.bareAppManager();
+    OperationCard card;
+    int page_on_screen = AsyncControlRunner::kPushStreamPage;
+    AsyncControlRunner runner{card.feedback, [this] { return page_on_screen; }};
     QSignalSpy refreshes{&runner, &AsyncControlRunner::refreshPageRequested};
     QSignalSpy failures{&runner, &AsyncControlRunner::controlFailed};
 };
 
 } // namespace
 
-TEST_F(AsyncControl, SlowJobShowsLoadingDropsASecondRequestAndEndsWithItsResult)
+TEST_F(AsyncControl, OneJobAtATimeBehindTheLoadingCard)
 {
-    backend.control("delay update_publish_switch 300");
-    ASSERT_TRUE(runner.startAsyncControlRequest(pushSwitch(1, 1), 21));
-    EXPECT_TRUE(feedback.isOperationInProgress());
-    EXPECT_EQ(shownText(), english("point_info.loading"));
-
-    EXPECT_FALSE(runner.startAsyncControlRequest(pushSwitch(2, 1), 21));
-    EXPECT_FALSE(runner.startPushStreamSwitch(2, 1, pushSwitch(2, 1)));
-    EXPECT_EQ(runner.pendingPushIndex(), -1);
-
-    ASSERT_TRUE(waitUntil([&] { return finished(); }));
-    EXPECT_EQ(host.overlay->state(), OPERATION_SUCCESS);
-    EXPECT_EQ(shownText(), english("point_info.succeed"));
-    EXPECT_TRUE(publishOn(1));
-    EXPECT_FALSE(publishOn(2)) << "the dropped request never went out";
-    ASSERT_EQ(refreshes.count(), 1);
-    EXPECT_EQ(refreshes.at(0).at(0).toInt(), 21);
-    EXPECT_EQ(failures.count(), 0);
-
-    ASSERT_TRUE(runner.startAsyncControlRequest(pushSwitch(2, 1), 21)) << "free again";
-    ASSERT_TRUE(waitUntil([&] { return finished(); }));
-    EXPECT_TRUE(publishOn(2));
-}
-
-TEST_F(AsyncControl, RequestQueuedBehindTheFirstIsRefusedWhileItsCardPaints)
-{
-    // Painting the loading card runs the event loop; a click queued before
-    // the card appeared runs inside it and must find the runner busy.
-    int second = -1;
+    backend.require("delay update_publish_switch 300");
+    // Painting the loading card runs the event loop: a tap queued before it
+    // runs inside and must already find the runner busy.
+    bool queuedStarted = true;
     QMetaObject::invokeMethod(
-        &runner, [&] { second = runner.startAsyncControlRequest(pushSwitch(2, 1), 21) ? 1 : 0; },
+        &runner, [&] { queuedStarted = runner.startAsyncControlRequest(publish(2), 21); },
         Qt::QueuedConnection);
-    ASSERT_TRUE(runner.startAsyncControlRequest(pushSwitch(1, 1), 21));
-    EXPECT_EQ(second, 0);
-    ASSERT_TRUE(waitUntil([&] { return finished(); }));
-    EXPECT_TRUE(publishOn(1));
-    EXPECT_FALSE(publishOn(2));
+    ASSERT_TRUE(runner.startAsyncControlRequest(publish(1), 21));
+    EXPECT_FALSE(queuedStarted);
+    EXPECT_TRUE(card.shows("point_info.loading"));
+    EXPECT_FALSE(runner.startPushStreamSwitch(2, 1, publish(2)));
+    EXPECT_EQ(runner.pendingPushIndex(), -1) << "a dropped tap leaves no wait behind";
+    ASSERT_TRUE(finished());
+    EXPECT_TRUE(card.shows("point_info.succeed"));
+    EXPECT_TRUE(publishing(1));
+    EXPECT_FALSE(publishing(2)) << "the dropped requests never went out";
+    EXPECT_EQ(refreshes.count(), 1);
+    EXPECT_EQ(refreshes.at(0).at(0).toInt(), 21);
+    EXPECT_TRUE(runner.startAsyncControlRequest(publish(2), 21)) << "free again";
+    ASSERT_TRUE(finished());
 }
 
-TEST_F(AsyncControl, FailureShowsItsMappedTextAndReportsThePage)
+TEST_F(AsyncControl, RefusalAndTimeOutShowTheirTextsButWarningsOnlyReplaceSuccess)
 {
-    backend.control("status update_publish_switch 60002");
-    ASSERT_TRUE(runner.startAsyncControlRequest(pushSwitch(0, 1), 10, "never shown"));
-    ASSERT_TRUE(waitUntil([&] { return finished(); }));
-    EXPECT_EQ(host.overlay->state(), OPERATION_FAILED);
-    EXPECT_EQ(shownText(), english("point_info.stream_start_failed"));
-    ASSERT_EQ(failures.count(), 1);
-    EXPECT_EQ(failures.at(0).at(0).toInt(), 10);
-    EXPECT_EQ(failures.at(0).at(1).toInt(), -10);
-    EXPECT_EQ(refreshes.count(), 0) << "a failed job leaves the page as it is";
-}
-
-TEST_F(AsyncControl, TimeoutShowsTheCommonFailure)
-{
-    backend.control("hang play_switch 5000");
-    AppManager* manager = app.get();
+    backend.require("status update_publish_switch 60002");
     // The SRT playback switch waits the shortest time for its reply.
-    ASSERT_TRUE(
-        runner.startAsyncControlRequest([manager] { return manager->setDecSrtPlaySwitch(1); }, 20));
-    ASSERT_TRUE(waitUntil([&] { return finished(); }, std::chrono::milliseconds(8000)));
-    EXPECT_EQ(host.overlay->state(), OPERATION_FAILED);
-    EXPECT_EQ(shownText(), english("point_info.failed"));
-}
+    backend.require("hang play_switch 5000");
+    AppManager* a = app.get();
+    const std::pair<std::function<int()>, const char*> cases[] = {
+        {publish(0), "point_info.stream_start_failed"},
+        {[a] { return a->setDecSrtPlaySwitch(1); }, "point_info.failed"},
+        {[] { return -2; }, "point_info.invalid_param"}};
+    for (const auto& [job, text] : cases) {
+        ASSERT_TRUE(runner.startAsyncControlRequest(job, 10, "Up to 1080p"));
+        ASSERT_TRUE(finished());
+        EXPECT_EQ(card.state(), OPERATION_FAILED);
+        EXPECT_TRUE(card.shows(text)) << text;
+    }
+    ASSERT_EQ(failures.count(), 3);
+    EXPECT_EQ(failures.at(0), (QList<QVariant>{10, -10}));
+    EXPECT_EQ(refreshes.count(), 0) << "a failed job leaves the page as it is";
 
-TEST_F(AsyncControl, WarningReplacesTheSuccessTextOnly)
-{
     ASSERT_TRUE(runner.startAsyncControlRequest([] { return 0; }, 16, "Up to 1080p"));
-    ASSERT_TRUE(waitUntil([&] { return finished(); }));
-    EXPECT_EQ(host.overlay->state(), OPERATION_WARNING);
-    EXPECT_EQ(shownText(), "Up to 1080p");
-
-    ASSERT_TRUE(runner.startAsyncControlRequest([] { return -2; }, 16, "Up to 1080p"));
-    ASSERT_TRUE(waitUntil([&] { return finished(); }));
-    EXPECT_EQ(host.overlay->state(), OPERATION_FAILED);
-    EXPECT_EQ(shownText(), english("point_info.invalid_param"));
+    ASSERT_TRUE(finished());
+    EXPECT_EQ(card.state(), OPERATION_WARNING);
+    EXPECT_EQ(card.text(), "Up to 1080p");
 }
 
-TEST_F(AsyncControl, PushStreamResultWaitsForTheTopicWhileItsPageStays)
+TEST_F(AsyncControl, PushStreamResultWaitsOnItsPageForTheStreamToChange)
 {
-    auto full = backend.fullAppManager();
-    AppManager* manager = full.get();
-    page_on_screen = kPushPage;
-    ASSERT_TRUE(runner.startPushStreamSwitch(
-        1, 1, [manager] { return manager->setEncNetStreamSwitch(1, 1); }));
-    EXPECT_EQ(runner.pendingPushIndex(), 1);
-    EXPECT_EQ(runner.pendingPushTarget(), 1);
-    ASSERT_TRUE(waitUntil([&] { return finished(); }));
-    EXPECT_TRUE(feedback.isOperationInProgress()) << "the card waits for the stream to change";
-    ASSERT_EQ(refreshes.count(), 1);
-    EXPECT_EQ(refreshes.at(0).at(0).toInt(), kPushPage);
-
+    auto full = std::make_unique<AppManager>(backend.endpoints());
+    ASSERT_TRUE(runner.startPushStreamSwitch(1, 1, publish(1, full.get())));
+    ASSERT_TRUE(finished());
+    EXPECT_TRUE(card.feedback.isOperationInProgress()) << "the card waits for the stream";
+    EXPECT_EQ(refreshes.count(), 1);
     EncoderShortcutPageVM stale;
     stale.push_streams = {PushStreamItemInfo{1, "Twitch", false, 0, 0}};
     EXPECT_FALSE(runner.finishPendingPushStreamSwitchIfReady(stale));
-    EXPECT_TRUE(feedback.isOperationInProgress());
-
-    // The window delivers each new VM of the page; the topic brings the change.
+    // The window hands the page each new VM; the topic brings the change.
     ASSERT_TRUE(waitUntil([&] {
         return runner.finishPendingPushStreamSwitchIfReady(
-            manager->buildEncoderShortcutPageVm(nullptr));
+            full->buildEncoderShortcutPageVm(nullptr));
     }));
-    EXPECT_EQ(host.overlay->state(), OPERATION_SUCCESS);
-    EXPECT_EQ(runner.pendingPushIndex(), -1);
-    EXPECT_FALSE(runner.finishPendingPushStreamSwitchIfReady(manager->getEncoderShortcutPageVm()))
+    EXPECT_TRUE(card.shows("point_info.succeed"));
+    EXPECT_FALSE(runner.finishPendingPushStreamSwitchIfReady(full->getEncoderShortcutPageVm()))
         << "the result shows once";
 }
 
-TEST_F(AsyncControl, PushStreamResultShowsAtOnceWhenThePageWasLeft)
+TEST_F(AsyncControl, PushStreamResultShowsAtOnceOffItsPageOrOnFailure)
 {
-    backend.control("delay update_publish_switch 200");
-    page_on_screen = kPushPage;
-    ASSERT_TRUE(runner.startPushStreamSwitch(0, 1, pushSwitch(0, 1)));
+    backend.require("delay update_publish_switch 200");
+    ASSERT_TRUE(runner.startPushStreamSwitch(0, 1, publish(0)));
     page_on_screen = 0;
-    ASSERT_TRUE(waitUntil([&] { return finished(); }));
-    EXPECT_EQ(host.overlay->state(), OPERATION_SUCCESS);
+    ASSERT_TRUE(finished());
+    EXPECT_TRUE(card.shows("point_info.succeed"));
     EXPECT_EQ(runner.pendingPushIndex(), -1) << "nothing is left to wait for";
-    EncoderShortcutPageVM vm;
-    vm.push_streams = {PushStreamItemInfo{0, "YouTube Live", true, 1, 0}};
-    EXPECT_FALSE(runner.finishPendingPushStreamSwitchIfReady(vm));
-}
 
-TEST_F(AsyncControl, FailedPushStreamForgetsItsWait)
-{
-    backend.control("status update_publish_switch 60011");
-    page_on_screen = kPushPage;
-    ASSERT_TRUE(runner.startPushStreamSwitch(2, 1, pushSwitch(2, 1)));
-    ASSERT_TRUE(waitUntil([&] { return finished(); }));
-    EXPECT_EQ(shownText(), english("point_info.stream_limit"));
+    backend.require("status update_publish_switch 60011");
+    page_on_screen = AsyncControlRunner::kPushStreamPage;
+    ASSERT_TRUE(runner.startPushStreamSwitch(2, 1, publish(2)));
+    ASSERT_TRUE(finished());
+    EXPECT_TRUE(card.shows("point_info.stream_limit"));
     EXPECT_EQ(runner.pendingPushIndex(), -1);
-    EXPECT_EQ(runner.pendingPushTarget(), -1);
 }
 
-TEST(AsyncControlLifetime, DestructorWaitsForTheRunningJob)
+TEST(AsyncControlLifetime, RunnerWaitsForItsJobBeforeItGoes)
 {
-    OverlayHost host;
-    OperationFeedback feedback(host.overlay, englishTranslate());
-    std::atomic<bool> done{false};
+    OperationCard card;
     std::atomic<bool> release{false};
+    std::atomic<bool> done{false};
     {
-        AsyncControlRunner runner(feedback, [] { return 0; });
+        AsyncControlRunner runner(card.feedback, [] { return 0; });
         ASSERT_TRUE(runner.startAsyncControlRequest(
             [&] {
                 while (!release)
@@ -201,15 +147,4 @@ TEST(AsyncControlLifetime, DestructorWaitsForTheRunningJob)
         release = true;
     }
     EXPECT_TRUE(done);
-}
-
-TEST(AsyncRefresh, PagesRebuildTheirOwnModel)
-{
-    EXPECT_EQ(asyncRefreshModelForPage(20), AsyncRefreshModel::Decoding);
-    for (int page : {21, 22, 23})
-        EXPECT_EQ(asyncRefreshModelForPage(page), AsyncRefreshModel::EncoderShortcut) << page;
-    for (int page : {24, 25, 26})
-        EXPECT_EQ(asyncRefreshModelForPage(page), AsyncRefreshModel::DecoderShortcut) << page;
-    for (int page : {-1, 10, 16, 27})
-        EXPECT_EQ(asyncRefreshModelForPage(page), AsyncRefreshModel::None) << page;
 }

@@ -2,72 +2,43 @@
 
 #include "ui/panel_resources.h"
 
-#include <QDir>
-#include <QFile>
+#include <QLabel>
 #include <QVariant>
-
-#include <map>
 
 namespace controltest {
 
-UITextManager* texts(int language)
+UITextManager& englishTexts()
 {
-    static std::map<int, std::unique_ptr<UITextManager>> managers;
     initPanelResources();
-    auto& manager = managers[language];
-    if (!manager)
-        manager = std::make_unique<UITextManager>(
-            nullptr, language,
-            QStringLiteral(PANEL_SOURCE_DIR "/resources/language/language-vantor-ui.json"),
-            QString());
-    return manager.get();
-}
-
-OperationTranslate englishTranslate()
-{
-    UITextManager* manager = texts(kEnglish);
-    return [manager](const QString& key) { return manager->getTextWithFallback(key); };
+    static UITextManager manager(
+        nullptr, 1, QStringLiteral(PANEL_SOURCE_DIR "/resources/language/language-vantor-ui.json"),
+        QString());
+    return manager;
 }
 
 QString english(const QString& key)
 {
-    return texts(kEnglish)->getText(key);
+    return englishTexts().getText(key);
 }
 
-QStringList themeNames()
+OperationCard::OperationCard()
+    : chrome((initPanelResources(), std::make_unique<QWidget>())),
+      overlay(new OperationOverlayComponent(chrome.get())),
+      feedback(
+          overlay, [](const QString& key) { return englishTexts().getTextWithFallback(key); }, time)
 {
-    return {QStringLiteral("black"), QStringLiteral("blue")};
-}
-
-OverlayHost::OverlayHost(const QString& theme) : chrome(std::make_unique<QWidget>())
-{
-    initPanelResources();
     chrome->setFixedSize(640, 172);
-    chrome->setProperty("class", "widget1");
-    overlay = new OperationOverlayComponent(chrome.get());
-    applyTheme(theme);
     chrome->show();
 }
 
-void OverlayHost::applyTheme(const QString& theme)
+QString OperationCard::text() const
 {
-    QFile file(QStringLiteral(":/themes/%1.qss").arg(theme));
-    if (file.open(QIODevice::ReadOnly))
-        chrome->setStyleSheet(QString::fromUtf8(file.readAll()));
+    return overlay->textLabel()->text();
 }
 
-QStringList saveThemedScreenshots(OverlayHost& host, const QString& name)
+bool OperationCard::shows(const QString& key) const
 {
-    const QString folder = QStringLiteral(PANEL_BINARY_DIR "/screenshots/control");
-    QDir().mkpath(folder);
-    QStringList written;
-    for (const QString& theme : themeNames()) {
-        host.applyTheme(theme);
-        const QString path = QStringLiteral("%1/%2_%3.png").arg(folder, name, theme);
-        if (host.chrome->grab().save(path))
-            written << path;
-    }
-    return written;
+    return feedback.isOperationOverlayActive() && text() == english(key);
 }
 
 } // namespace controltest

@@ -1,40 +1,50 @@
-// Shared pieces of the control tests: the project's texts, a themed host for
-// the operation card, screenshots under the build dir.
+// Shared pieces of the control tests: the project's texts, the operation
+// card as the window builds it, and the simulated device under the model.
 #pragma once
 
-#include "ui/operation_overlay_component.h"
+#include "control/manual_time_source.h"
+#include "control/operation_feedback.h"
+#include "support/sim/sim_fixture.h"
 #include "ui/text_manager.h"
 
-#include <QString>
-#include <QStringList>
-#include <QWidget>
+#include <gtest/gtest.h>
 
 #include <memory>
 
 namespace controltest {
 
-constexpr int kChinese = 0;
-constexpr int kEnglish = 1;
-
-// A text manager on the project's language file, one per language, kept for
-// the whole run.
-UITextManager* texts(int language = kEnglish);
-OperationTranslate englishTranslate();
+// The English texts of the project's language file.
+UITextManager& englishTexts();
 QString english(const QString& key);
 
-// The window's chrome as far as the card needs it: a 640 x 172 container
-// with the card as its child, styled with one of the two themes.
-struct OverlayHost {
-    explicit OverlayHost(const QString& theme = QStringLiteral("black"));
-    void applyTheme(const QString& theme);
+// The card in a 640 x 172 chrome and the window's feedback on it, on a
+// clock that only the test moves.
+struct OperationCard {
+    OperationCard();
+    QString text() const;
+    OperationStateType state() const { return overlay->state(); }
+    // The card stands and shows the English text of `key`.
+    bool shows(const QString& key) const;
 
     std::unique_ptr<QWidget> chrome;
-    OperationOverlayComponent* overlay = nullptr;
+    OperationOverlayComponent* overlay;
+    ManualTimeSource time;
+    OperationFeedback feedback;
 };
 
-QStringList themeNames();
-// Saves the host in both themes as <build>/screenshots/control/<name>_<theme>.png;
-// returns the files written.
-QStringList saveThemedScreenshots(OverlayHost& host, const QString& name);
+// The simulated device with the panel's whole model link on it (topic
+// worker and poller running), and the card; the test starts once the
+// model has its first data.
+class OnDevice : public ::testing::Test {
+protected:
+    void SetUp() override
+    {
+        ASSERT_TRUE(testsupport::waitUntil([&] { return app->isDataReady(); }));
+    }
+
+    testsupport::SimFixture backend;
+    std::unique_ptr<AppManager> app = std::make_unique<AppManager>(backend.endpoints());
+    OperationCard card;
+};
 
 } // namespace controltest

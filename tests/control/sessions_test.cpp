@@ -1,12 +1,10 @@
-// The disk speed test and the NDI search against the simulated device: the
-// session's cards, its generations, and its end when the disk changes.
+// The disk speed test and the NDI source search against the simulated
+// device: their cards, the generations that make late results stale, and
+// the end of a test when the disk changes.
 #include "control/disk_speed_test_session.h"
-#include "control/manual_time_source.h"
 #include "control/ndi_search_session.h"
-#include "control_sim_backend.h"
 #include "control_test_kit.h"
 
-#include <QLabel>
 #include <QSignalSpy>
 
 #include <gtest/gtest.h>
@@ -16,237 +14,174 @@ using testsupport::waitUntil;
 
 namespace {
 
-class SessionTest : public ::testing::Test {
+constexpr int kPoll = DiskSpeedTestSession::kPollDelayMs;
+
+class DiskSpeed : public OnDevice {
 protected:
     void SetUp() override
     {
-        ASSERT_TRUE(waitUntil([&] { return app->isDataReady(); }));
-    }
-
-    QString shownText() const { return host.overlay->textLabel()->text(); }
-    bool showing(const QString& text) const
-    {
-        return feedback.isOperationOverlayActive() && shownText() == text;
-    }
-
-    SimBackend backend;
-    std::unique_ptr<AppManager> app = backend.fullAppManager();
-    OverlayHost host;
-    ManualTimeSource time;
-    OperationFeedback feedback{host.overlay, englishTranslate(), time};
-    int page_on_screen = 18;
-};
-
-class DiskSpeed : public SessionTest {
-protected:
-    void SetUp() override
-    {
-        SessionTest::SetUp();
-        app->setCurrentPageContext(18, -1);
+        OnDevice::SetUp();
+        app->setCurrentPageContext(page_on_screen, -1);
         ASSERT_TRUE(waitUntil([&] {
             return app->buildMediaSettingsPageVm(nullptr).present_storage_id == 0
                    && app->getDiskStatus(0) == 1;
         }));
         // The device measures nothing until the test says so.
-        backend.control("set /storage/measured_speeds/0 0.0");
+        backend.require("set /storage/measured_speeds/0 0.0");
     }
-    // Clicked, and the backend took the request: the session polls.
+    // Clicked, and the device took the request: the session polls.
     void startAndWaitForPolling()
     {
         session.diskSpeedClicked();
-        ASSERT_TRUE(waitUntil([&] { return !session.isDiskSpeedTestActive() || polling(); }));
-        ASSERT_TRUE(polling());
+        ASSERT_TRUE(waitUntil([&] {
+            return !session.isDiskSpeedTestActive() || card.shows("point_info.disk_speed_started");
+        }));
+        ASSERT_TRUE(session.isDiskSpeedTestActive());
     }
-    bool polling() const
+    QString deviceMeasures(double speed)
     {
-        return session.isDiskSpeedTestActive() && showing(english("point_info.disk_speed_started"));
-    }
-    void deviceMeasures(double speed)
-    {
-        backend.control("set /storage/disks/0/write_speed " + std::to_string(speed));
-        ASSERT_TRUE(waitUntil([&] { return app->getDiskWriteSpeed(0) > 0; }));
+        backend.require("set /storage/disks/0/write_speed " + std::to_string(speed));
+        EXPECT_TRUE(waitUntil([&] { return app->getDiskWriteSpeed(0) > 0; }));
+        return QStringLiteral("%1 MB/s").arg(speed, 0, 'f', 2);
     }
 
-    DiskSpeedTestSession session{app.get(), feedback, [this] { return page_on_screen; }, time};
+    int page_on_screen = 18;
+    DiskSpeedTestSession session{app.get(), card.feedback, [this] { return page_on_screen; },
+                                 card.time};
     QSignalSpy refreshes{&session, &DiskSpeedTestSession::pageRefreshRequested};
 };
 
 } // namespace
 
-TEST_F(DiskSpeed, MeasuredSpeedStaysUntilATouchAfterItsGate)
+TEST_F(DiskSpeed, MeasurementSurvivesNavigationAndItsCardWaitsOutTheGate)
 {
     startAndWaitForPolling();
     EXPECT_TRUE(session.sessionFlag());
     EXPECT_EQ(backend.at("/storage/speed_test/storage_id"), 0);
-
-    time.advance(DiskSpeedTestSession::kPollDelayMs);
+    card.time.advance(kPoll);
     EXPECT_TRUE(session.isDiskSpeedTestActive()) << "no speed yet: the session polls on";
 
-    deviceMeasures(118.5);
-    time.advance(DiskSpeedTestSession::kPollDelayMs);
+    const int generation = session.generation();
+    page_on_screen = 3;
+    session.onPageSwitched();
+    EXPECT_EQ(session.generation(), generation) << "a running test survives navigation";
+    const QString speed = deviceMeasures(118.5);
+    refreshes.clear();
+    card.time.advance(kPoll);
     EXPECT_FALSE(session.isDiskSpeedTestActive());
     EXPECT_FALSE(session.sessionFlag());
-    EXPECT_EQ(host.overlay->state(), OPERATION_SUCCESS);
-    EXPECT_EQ(shownText(), "118.50 MB/s");
-    EXPECT_FALSE(host.overlay->isAutoHidePending());
-    ASSERT_GE(refreshes.count(), 1);
-    EXPECT_EQ(refreshes.last().at(0).toInt(), 18);
+    EXPECT_EQ(card.state(), OPERATION_SUCCESS);
+    EXPECT_EQ(card.text(), speed) << "on whatever page is shown";
+    EXPECT_EQ(refreshes.count(), 0) << "page 3 shows no disk";
 
-    time.advance(DiskSpeedTestSession::kResultGateMs - 1);
-    EXPECT_TRUE(feedback.consumeTouchBeginForOperationOverlay());
-    EXPECT_TRUE(showing("118.50 MB/s")) << "an early touch is swallowed";
-    time.advance(1);
-    EXPECT_TRUE(feedback.consumeTouchBeginForOperationOverlay());
-    EXPECT_FALSE(feedback.isOperationOverlayActive());
+    card.time.advance(DiskSpeedTestSession::kResultGateMs - 1);
+    EXPECT_TRUE(card.feedback.consumeTouchBeginForOperationOverlay());
+    EXPECT_EQ(card.text(), speed) << "an early touch is swallowed";
+    card.time.advance(1);
+    EXPECT_TRUE(card.feedback.consumeTouchBeginForOperationOverlay());
+    EXPECT_FALSE(card.feedback.isOperationOverlayActive());
+
+    const int idle = session.generation();
+    session.onPageSwitched();
+    EXPECT_EQ(session.generation(), idle + 1) << "idle, leftovers go stale";
 }
 
-TEST_F(DiskSpeed, ChangingTheRecordDiskEndsTheSessionWithoutACard)
+TEST_F(DiskSpeed, ChangingTheRecordDiskEndsTheTestWithoutACard)
 {
     startAndWaitForPolling();
     ASSERT_GE(app->setChooseStoragePath(1), 0);
     ASSERT_TRUE(waitUntil([&] { return app->getPresentStorageIdCached() == 1; }));
     deviceMeasures(42.0);
-    host.overlay->hideOverlay();
-    time.advance(DiskSpeedTestSession::kPollDelayMs);
+    card.overlay->hideOverlay();
+    card.time.advance(kPoll);
     EXPECT_FALSE(session.isDiskSpeedTestActive());
     EXPECT_FALSE(session.sessionFlag());
-    EXPECT_FALSE(feedback.isOperationOverlayActive());
-}
-
-TEST_F(DiskSpeed, TestSurvivesNavigationAndItsCardShowsOnAnyPage)
-{
-    startAndWaitForPolling();
-    const int generation = session.generation();
-    page_on_screen = 3;
-    session.onPageSwitched();
-    EXPECT_EQ(session.generation(), generation);
-    deviceMeasures(42.5);
-    time.advance(DiskSpeedTestSession::kPollDelayMs);
-    EXPECT_TRUE(showing("42.50 MB/s"));
-    const int refreshesBefore = refreshes.count();
-    session.refreshCurrentDiskControlPage();
-    EXPECT_EQ(refreshes.count(), refreshesBefore) << "page 3 shows no disk";
-
-    session.onPageSwitched();
-    EXPECT_EQ(session.generation(), generation + 2) << "idle: leftovers go stale";
+    EXPECT_FALSE(card.feedback.isOperationOverlayActive());
 }
 
 TEST_F(DiskSpeed, SecondStartMakesTheFirstStale)
 {
     startAndWaitForPolling();
     const int first = session.generation();
-    backend.control("delay test_storage_speed 200");
+    backend.require("delay test_storage_speed 200");
     session.diskSpeedClicked();
     EXPECT_GT(session.generation(), first);
-    EXPECT_TRUE(feedback.isOperationInProgress());
-    // The first session's result can't end the second.
     session.finishDiskSpeedTestRequest(-3, 0, first);
-    EXPECT_TRUE(feedback.isOperationInProgress());
-    ASSERT_TRUE(waitUntil([&] { return !feedback.isOperationInProgress(); }));
+    EXPECT_TRUE(card.feedback.isOperationInProgress()) << "the first one's answer is stale";
+    ASSERT_TRUE(waitUntil([&] { return !card.feedback.isOperationInProgress(); }));
     // The device still runs the first measurement and refuses a second.
-    EXPECT_EQ(shownText(), english("point_info.storage_busy"));
+    EXPECT_TRUE(card.shows("point_info.storage_busy"));
     EXPECT_FALSE(session.isDiskSpeedTestActive());
 }
 
-TEST_F(DiskSpeed, RefusedStartShowsItsTextAndEndsTheSession)
+TEST_F(DiskSpeed, RefusedStartOrNothingToMeasureEndsTheSessionAtOnce)
 {
-    backend.control("status test_storage_speed 100016");
+    backend.require("status test_storage_speed 100016");
     session.diskSpeedClicked();
     ASSERT_TRUE(waitUntil([&] { return !session.isDiskSpeedTestActive(); }));
-    EXPECT_EQ(host.overlay->state(), OPERATION_FAILED);
-    EXPECT_EQ(shownText(), english("point_info.storage_speed_test_failed"));
+    EXPECT_TRUE(card.shows("point_info.storage_speed_test_failed"));
     EXPECT_FALSE(session.sessionFlag());
-    EXPECT_EQ(session.disk(), -1);
-    EXPECT_GE(refreshes.count(), 1);
-}
+    ASSERT_GE(refreshes.count(), 1);
+    EXPECT_EQ(refreshes.last().at(0).toInt(), page_on_screen);
+    card.overlay->hideOverlay();
 
-TEST_F(DiskSpeed, NothingToMeasureWhileRecordingOrWithoutADisk)
-{
     ASSERT_GE(app->setRecordTaskEnable("sdcard_0", 1), 0);
     ASSERT_TRUE(
         waitUntil([&] { return app->buildMediaSettingsPageVm(nullptr).record_status == 1; }));
+    const int requests = backend.webRequestsOf("test_storage_speed");
     session.diskSpeedClicked();
-    EXPECT_FALSE(feedback.isOperationOverlayActive());
-    EXPECT_FALSE(session.isDiskSpeedTestActive());
-    EXPECT_EQ(backend.requestsOf("test_storage_speed"), 0);
+    EXPECT_FALSE(card.feedback.isOperationOverlayActive()) << "a tap while recording does nothing";
 
     ASSERT_GE(app->setRecordTaskEnable("sdcard_0", 0), 0);
-    backend.control("unplug-disk sd");
+    backend.require("unplug-disk sd");
     ASSERT_TRUE(waitUntil([&] {
         return app->buildMediaSettingsPageVm(nullptr).record_status == 0
                && app->getDiskStatus(0) == 0;
     }));
     session.diskSpeedClicked();
-    EXPECT_EQ(shownText(), english("point_info.disk_invalid"));
-    EXPECT_EQ(backend.requestsOf("test_storage_speed"), 0);
-}
-
-TEST(DiskSpeedWithoutModel, StartFailsAtOnce)
-{
-    OverlayHost host;
-    ManualTimeSource time;
-    OperationFeedback feedback(host.overlay, englishTranslate(), time);
-    DiskSpeedTestSession session(
-        nullptr, feedback, [] { return 18; }, time);
-    session.diskSpeedClicked();
-    EXPECT_FALSE(feedback.isOperationOverlayActive());
-    session.pollDiskSpeed(0, -1);
-    time.advance(DiskSpeedTestSession::kPollDelayMs);
-    EXPECT_EQ(host.overlay->state(), OPERATION_FAILED) << "a poll without model ends the session";
+    EXPECT_TRUE(card.shows("point_info.disk_invalid"));
+    EXPECT_EQ(backend.webRequestsOf("test_storage_speed"), requests);
 }
 
 namespace {
 
-class NdiSearch : public SessionTest {
+class NdiSearch : public OnDevice {
 protected:
     void SetUp() override
     {
-        SessionTest::SetUp();
-        backend.control("workmode 1");
-        page_on_screen = 26;
+        OnDevice::SetUp();
+        backend.require("workmode 1");
     }
     bool done() const { return !search.isRunning(); }
 
-    NdiSearchSession search{app.get(), feedback, [this] { return page_on_screen; }};
+    int page_on_screen = NdiSearchSession::kNdiSourcePage;
+    NdiSearchSession search{app.get(), card.feedback, [this] { return page_on_screen; }};
     QSignalSpy refreshes{&search, &NdiSearchSession::pageRefreshRequested};
 };
 
 } // namespace
 
-TEST_F(NdiSearch, EnteringThePageSearchesOnceAndReportsTheEnd)
+TEST_F(NdiSearch, OneSearchPerEntryEndingInItsCardOrItsRefusal)
 {
     search.onPageShown(26, 24);
-    EXPECT_TRUE(search.isRunning());
-    EXPECT_TRUE(showing(english("point_info.ndi_search_started")));
+    EXPECT_TRUE(card.shows("point_info.ndi_search_started"));
     search.onPageShown(26, 26);
     search.startDecNdiFindAsync();
     ASSERT_TRUE(waitUntil([&] { return done(); }));
-    EXPECT_EQ(backend.requestsOf("ndi_find"), 1) << "one search at a time, none on a re-show";
-    EXPECT_TRUE(showing(english("point_info.ndi_search_finished")));
-    EXPECT_EQ(host.overlay->state(), OPERATION_SUCCESS);
-    EXPECT_TRUE(host.overlay->isAutoHidePending());
-    ASSERT_EQ(refreshes.count(), 1);
-    EXPECT_EQ(refreshes.at(0).at(0).toInt(), 26);
+    EXPECT_EQ(backend.webRequestsOf("ndi_find"), 1) << "one search at a time, none on a re-show";
+    EXPECT_TRUE(card.shows("point_info.ndi_search_finished"));
+    EXPECT_TRUE(card.overlay->isAutoHidePending());
+    EXPECT_EQ(refreshes.value(0), QList<QVariant>{26});
 
-    // The device finds its sources shortly after; the page lists them.
-    app->setCurrentPageContext(26, -1);
-    EXPECT_TRUE(
-        waitUntil([&] { return app->buildDecoderShortcutPageVm(nullptr).ndi_items.size() == 3; }));
-}
-
-TEST_F(NdiSearch, RefusalShowsItsTextAndNoAnswerCountsAsTheEnd)
-{
-    backend.control("status ndi_find 140005");
+    backend.require("status ndi_find 140005");
     search.onPageShown(26, 3);
     ASSERT_TRUE(waitUntil([&] { return done(); }));
-    EXPECT_EQ(host.overlay->state(), OPERATION_FAILED);
-    EXPECT_EQ(shownText(), english("point_info.streamplay_failed"));
-    EXPECT_EQ(refreshes.count(), 0);
-
-    backend.control("hang ndi_find 3000");
+    EXPECT_TRUE(card.shows("point_info.streamplay_failed"));
+    // No answer at all counts as the end; the page left meanwhile isn't refreshed.
+    backend.require("hang ndi_find 3000");
     page_on_screen = 25;
     search.onPageShown(26, 25);
     ASSERT_TRUE(waitUntil([&] { return done(); }, std::chrono::milliseconds(8000)));
-    EXPECT_TRUE(showing(english("point_info.ndi_search_finished")));
-    EXPECT_EQ(refreshes.count(), 0) << "the page was left meanwhile";
+    EXPECT_TRUE(card.shows("point_info.ndi_search_finished"));
+    EXPECT_EQ(refreshes.count(), 1);
 }

@@ -1,101 +1,83 @@
-// Whole-device states reported by the simulated backend: standby covers the
-// pages and takes gestures away, an upgrade covers everything, and idle time
-// returns a page home on a per-page schedule.
-#include "shell_rig.h"
+// Idle states and long sessions as the window carries them: the screensaver
+// pauses the refresh, idle time leaves a modal flow, and the sessions start
+// from their pages.
+#include "panel_window.h"
 
 #include "control/idle_sleep_controller.h"
+#include "control/modal_openings.h"
+#include "control/ndi_search_session.h"
 #include "pages/dynamic_screensaver_widget.h"
-#include "pages/standby_page_widget.h"
-#include "pages/status_bar_widget.h"
-#include "pages/upgrade_widget.h"
 
-#include <QPushButton>
 #include <QSignalSpy>
 #include <gtest/gtest.h>
 
-using shelltest::PanelRig;
+using namespace shelltest;
 
 namespace {
 
-class ShellDeviceStates : public ::testing::Test {
+PanelOptions drivenClock()
+{
+    PanelOptions options;
+    options.manual_time = true;
+    return options;
+}
+
+class ShellDeviceStates : public PanelTest {
 protected:
-    void SetUp() override { ASSERT_TRUE(rig.waitForMainUi()); }
-    Widget& w() { return rig.panel(); }
-    PanelRig rig;
+    ShellDeviceStates() : PanelTest(drivenClock()) {}
 };
 
 } // namespace
 
-TEST_F(ShellDeviceStates, StandbyCoversThePagesUntilTheWakeButton)
-{
-    w().goto_page(PAGE_MAIN_MENU_1);
-    rig.control("standby");
-    ASSERT_TRUE(rig.tickUntil([&] { return w().is_standby_visible(); }));
-    EXPECT_TRUE(w().standbyPage()->isVisible());
-    EXPECT_FALSE(w().chromeContainer()->isVisible());
-    EXPECT_FALSE(w().statusBar()->isVisible());
-    EXPECT_FALSE(w().idleSleep()->isIdleHomeTimerActive());
-    EXPECT_EQ(w().lcdLowBrightness(), 1) << "standby dims the LCD";
-    rig.screenshot("standby");
-
-    // Gestures don't reach the page beneath.
-    w().swipe_left();
-    w().swipe_down();
-    EXPECT_EQ(w().currentPageId(), PAGE_MAIN_MENU_1);
-    rig.tick();
-    EXPECT_TRUE(w().is_standby_visible());
-
-    QPushButton* wake = w().standbyPage()->findChild<QPushButton*>();
-    ASSERT_NE(wake, nullptr);
-    wake->click();
-    EXPECT_FALSE(w().is_standby_visible());
-    EXPECT_TRUE(w().chromeContainer()->isVisible());
-    EXPECT_EQ(rig.shownPageId(), PAGE_STATUS_1);
-    EXPECT_EQ(w().lcdLowBrightness(), 0);
-    EXPECT_EQ(rig.simulator().state().at("/system/run_status").get<int>(), 1);
-}
-
-TEST_F(ShellDeviceStates, AnUpgradeCoversEverything)
-{
-    rig.control("upgrade");
-    ASSERT_TRUE(testsupport::waitUntil([&] { return w().upgradePage()->isVisible(); }));
-    EXPECT_FALSE(w().idleSleep()->isIdleHomeTimerActive());
-    rig.screenshot("upgrade");
-    // No guide comes over it.
-    w().showGestureGuideForPage(PAGE_STATUS_1, false);
-    EXPECT_FALSE(w().gestureGuideOverlay()->isVisible());
-}
-
-TEST_F(ShellDeviceStates, IdleTimeReturnsHomeOnAPerPageSchedule)
-{
-    IdleSleepController* idle = w().idleSleep();
-    w().goto_page(PAGE_STATUS_2);
-    EXPECT_FALSE(idle->isIdleHomeTimerActive()) << "home pages don't time out";
-    w().goto_page(PAGE_ENCODER_SHORTCUT_1);
-    EXPECT_FALSE(idle->isIdleHomeTimerActive()) << "neither does the record page";
-    w().goto_page(PAGE_ENCODER_SHORTCUT_2);
-    ASSERT_TRUE(idle->isIdleHomeTimerActive());
-    EXPECT_EQ(idle->idleHomeInterval(), 60000);
-    w().goto_page(PAGE_CONNECT_APP);
-    EXPECT_EQ(idle->idleHomeInterval(), 300000);
-
-    w().goto_page(PAGE_SYSTEM_SETTINGS_2);
-    w().on_idle_home_timeout();
-    EXPECT_EQ(rig.shownPageId(), PAGE_STATUS_1);
-}
-
-TEST_F(ShellDeviceStates, TheScreensaverTakesTheTouchThatEndsIt)
+TEST_F(ShellDeviceStates, NoPageRefreshUnderTheScreensaver)
 {
     ASSERT_TRUE(w().setLcdLowBrightness(true));
-    ASSERT_TRUE(w().isScreensaverActive());
-    EXPECT_TRUE(w().screensaverPage()->isVisible());
-    rig.screenshot("screensaver");
+    ASSERT_TRUE(w().screensaverPage()->isVisible());
     QSignalSpy deliveries(&w(), &Widget::requestStatusPage1Update);
-    rig.tick();
-    EXPECT_EQ(deliveries.count(), 0) << "no page refresh under the screensaver";
+    QSignalSpy bar(&w(), &Widget::requestStatusBarUpdate);
+    panel.tick();
+    EXPECT_EQ(deliveries.count() + bar.count(), 0);
+}
+
+TEST_F(ShellDeviceStates, IdleTimeLeavesAModalFlowForHome)
+{
+    w().enterEditMode(EDIT_LANGUAGE, PAGE_SYSTEM_SETTINGS_1, 1);
+    ASSERT_TRUE(w().isModalActive());
+    panel.clock().advance(IdleSleepController::kDefaultIdleHomeMs);
+    EXPECT_EQ(panel.shownPageId(), PAGE_STATUS_1);
+    EXPECT_FALSE(w().isModalActive());
+}
+
+TEST_F(ShellDeviceStates, DiskSpeedTestStartsFromTheMediaPageWhichShowsItRunning)
+{
+    bool shownTesting = false;
+    QObject::connect(&w(), &Widget::requestMediaSettingsPage1Update, &w(),
+                     [&](const MediaSettingsPageVM& vm) { shownTesting = vm.disk_speed_testing; });
+    w().goto_page(PAGE_MEDIA_SETTINGS_1);
+    ASSERT_TRUE(panel.tickUntil([&] { return w().appManager()->getDiskStatus(0) == 1; }));
+    panel.tap(settingsCard(w(), PAGE_MEDIA_SETTINGS_1, "media_settings.disk_speed"));
+    ASSERT_TRUE(
+        testsupport::waitUntil([&] { return panel.cardShows("point_info.disk_speed_started"); }));
+    panel.tick();
+    EXPECT_TRUE(shownTesting);
+}
+
+TEST_F(ShellDeviceStates, NdiSearchStartsWhenItsPageComesOnScreenNotOnEveryTick)
+{
+    panel.sim().require("workmode 1");
+    ASSERT_TRUE(panel.tickUntil([&] { return w().workMode() == 1; }));
+    const auto searches = [&] { return panel.sim().webRequestsOf("ndi_find"); };
+    panel.sim().require("delay ndi_find 400"); // so that the first card can be read
+    w().goto_page(PAGE_DECODER_SHORTCUT_3);
+    EXPECT_TRUE(panel.cardShows("point_info.ndi_search_started"));
+    ASSERT_TRUE(testsupport::waitUntil([&] { return !w().ndiSearchSession()->isRunning(); }));
+    panel.tick();
+    panel.tick();
+    EXPECT_EQ(searches(), 1);
 
     w().onTouchBeginReq();
-    EXPECT_FALSE(w().isScreensaverActive());
-    EXPECT_FALSE(w().screensaverPage()->isVisible());
-    EXPECT_EQ(w().lcdLowBrightness(), 0);
+    w().goto_page(PAGE_DECODER_SHORTCUT_2);
+    w().goto_page(PAGE_DECODER_SHORTCUT_3);
+    ASSERT_TRUE(testsupport::waitUntil([&] { return !w().ndiSearchSession()->isRunning(); }));
+    EXPECT_EQ(searches(), 2) << "coming back searches again";
 }

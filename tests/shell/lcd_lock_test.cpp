@@ -1,174 +1,151 @@
-// The LCD lock as the user meets it: pages sent home, swipes counted towards
-// the unlock guide, taps dropped, and the long press that unlocks, each
-// change made in the simulated backend.
-#include "shell_rig.h"
+// The LCD lock as the window keeps it: pages sent home, swipes counted
+// towards the unlock guide, taps dropped, the long press that unlocks, and
+// the lock's own controls, each change made in the simulated backend.
+#include "panel_window.h"
 
 #include "pages/standby_page_widget.h"
-#include "ui/operation_overlay_component.h"
-#include "ui/text_manager.h"
 
-#include <QLabel>
-#include <QPushButton>
 #include <QSignalSpy>
+#include <QStackedWidget>
 #include <gtest/gtest.h>
 
-using shelltest::PanelRig;
+using namespace shelltest;
 
 namespace {
 
-class ShellLcdLock : public ::testing::Test {
+class ShellLcdLock : public PanelTest {
 protected:
     void SetUp() override
     {
-        ASSERT_TRUE(rig.waitForMainUi());
+        PanelTest::SetUp();
         lockInBackend(true);
     }
-
-    Widget& w() { return rig.panel(); }
-
     void lockInBackend(bool locked)
     {
-        rig.control(std::string("set /lcd/lock_stat ") + (locked ? "1" : "0"));
-        ASSERT_TRUE(rig.tickUntil([&] { return w().is_lcd_touch_locked() == locked; }));
+        panel.sim().require(std::string("set /lcd/lock_stat ") + (locked ? "1" : "0"));
+        ASSERT_TRUE(panel.tickUntil([&] { return w().is_lcd_touch_locked() == locked; }));
     }
-
-    int backendLock() { return rig.simulator().state().at("/lcd/lock_stat").get<int>(); }
-
-    QString cardText() { return w().operationOverlay()->textLabel()->text(); }
-    QString text(const char* key) { return w().textManager()->getTextWithFallback(key); }
-
-    PanelRig rig;
+    int backendLock() { return panel.deviceInt("/lcd/lock_stat"); }
 };
 
 } // namespace
 
-TEST_F(ShellLcdLock, EveryPageButTheFirstStatusPageIsReplaced)
+TEST_F(ShellLcdLock, EveryPageButTheFirstStatusPageIsReplacedUnlessDimmed)
 {
-    for (int page : {PAGE_MAIN_MENU_1, PAGE_SYSTEM_SETTINGS_2, PAGE_CONNECT_APP, PAGE_STATUS_2,
-                     PAGE_SHORTCUT}) {
+    for (int page : {PAGE_MAIN_MENU_1, PAGE_CONNECT_APP, PAGE_STATUS_2, PAGE_SHORTCUT}) {
         w().goto_page(page);
-        EXPECT_EQ(rig.shownPageId(), PAGE_STATUS_1) << page;
+        EXPECT_EQ(panel.shownPageId(), PAGE_STATUS_1) << page;
     }
-    rig.screenshot("lock_status_page1");
-    // Dimmed, the status pages stay reachable.
     ASSERT_TRUE(w().setLcdLowBrightness(false));
     w().goto_page(PAGE_STATUS_2);
-    EXPECT_EQ(rig.shownPageId(), PAGE_STATUS_2);
+    EXPECT_EQ(panel.shownPageId(), PAGE_STATUS_2) << "dimmed, the status pages stay reachable";
     w().goto_page(PAGE_MAIN_MENU_1);
-    EXPECT_EQ(rig.shownPageId(), PAGE_STATUS_1);
+    EXPECT_EQ(panel.shownPageId(), PAGE_STATUS_1);
 }
 
-TEST_F(ShellLcdLock, EverySecondSwipeShowsTheUnlockGuideAndNoneNavigates)
+TEST_F(ShellLcdLock, EverySecondSwipeShowsTheUnlockGuideAndTapsAreDropped)
 {
     GestureGuideOverlayComponent* guide = w().gestureGuideOverlay();
-    w().swipe_up();
-    EXPECT_FALSE(guide->isVisible());
-    EXPECT_EQ(w().lcdLockedSwipeCount(), 1);
-    w().swipe_left();
-    EXPECT_TRUE(guide->isVisible());
-    // The unlock guide has a single item, however the counters stand.
-    EXPECT_EQ(guide->itemWidgets().size(), 1);
-    EXPECT_EQ(w().lcdLockedSwipeCount(), 0);
-    rig.screenshot("lock_unlock_guide");
-    w().hideGestureGuideOverlay();
-    w().edge_swipe_to_center();
-    EXPECT_FALSE(guide->isVisible());
-    EXPECT_EQ(rig.shownPageId(), PAGE_STATUS_1);
-    // The guide request counted nothing in the backend.
-    EXPECT_EQ(rig.simulator().state().at("/lcd/gesture_guide/shown_counts/6").get<int>(), 0);
-}
+    for (int swipe = 1; swipe <= 3; ++swipe) {
+        w().swipe_up();
+        EXPECT_EQ(guide->isVisible(), swipe == 2) << swipe;
+        w().hideGestureGuideOverlay();
+    }
+    EXPECT_EQ(panel.shownPageId(), PAGE_STATUS_1);
+    EXPECT_EQ(panel.deviceInt("/lcd/gesture_guide/shown_counts/6"), 0) << "the hint isn't counted";
 
-TEST_F(ShellLcdLock, TapsAreDroppedWhileLocked)
-{
-    QPushButton probe(rig.shownPage());
-    probe.setGeometry(0, 0, 10, 10);
-    probe.show();
+    QPushButton probe(w().pageStack()->currentWidget());
     QSignalSpy clicks(&probe, &QPushButton::clicked);
-    w().button_tap(&probe);
-    QCoreApplication::processEvents();
+    panel.tap(&probe);
     EXPECT_EQ(clicks.count(), 0);
-
     lockInBackend(false);
-    w().button_tap(&probe);
-    EXPECT_TRUE(testsupport::waitUntil([&] { return clicks.count() == 1; }));
+    panel.tap(&probe);
+    EXPECT_EQ(clicks.count(), 1);
 }
 
-TEST_F(ShellLcdLock, LongPressUnlocksAndTheNextLockCountsAfresh)
+TEST_F(ShellLcdLock, LongPressUnlocksUnlessTheDeviceRefuses)
 {
+    panel.sim().require("status set_lcd_info 1");
+    w().long_press(QPointF(320, 86));
+    EXPECT_TRUE(w().is_lcd_touch_locked());
+    EXPECT_EQ(backendLock(), 1);
+    EXPECT_TRUE(w().isOperationOverlayActive());
+    EXPECT_FALSE(panel.cardShows("point_info.unlock"));
+    w().onTouchBeginReq();
+
+    panel.sim().require("clear all");
     w().swipe_up();
     ASSERT_EQ(w().lcdLockedSwipeCount(), 1);
     w().long_press(QPointF(10, 10));
     EXPECT_FALSE(w().is_lcd_touch_locked());
     EXPECT_EQ(backendLock(), 0);
-    EXPECT_TRUE(w().isOperationOverlayActive());
-    EXPECT_EQ(cardText(), text("point_info.unlock"));
-    rig.screenshot("lock_unlocked_card");
-
-    // A touch dismisses the card; gestures work again.
+    EXPECT_TRUE(panel.cardShows("point_info.unlock"));
     w().onTouchBeginReq();
-    EXPECT_FALSE(w().isOperationOverlayActive());
     w().swipe_up();
-    EXPECT_EQ(rig.shownPageId(), PAGE_MAIN_MENU_1);
+    EXPECT_EQ(panel.shownPageId(), PAGE_MAIN_MENU_1) << "gestures work again";
 
     w().goto_page(PAGE_STATUS_1);
     lockInBackend(true);
-    EXPECT_EQ(w().lcdLockedSwipeCount(), 0);
+    EXPECT_EQ(w().lcdLockedSwipeCount(), 0) << "the next lock counts afresh";
 }
 
-TEST_F(ShellLcdLock, AFailedUnlockKeepsTheLockAndSaysWhy)
-{
-    rig.control("status set_lcd_info 1");
-    w().long_press(QPointF(320, 86));
-    EXPECT_TRUE(w().is_lcd_touch_locked());
-    EXPECT_EQ(backendLock(), 1);
-    EXPECT_TRUE(w().isOperationOverlayActive());
-    EXPECT_NE(cardText(), text("point_info.unlock"));
-    EXPECT_EQ(w().operationOverlay()->state(), OPERATION_FAILED);
-}
-
-TEST_F(ShellLcdLock, TheCameraPageAndTheShortcutKeyLockAndUnlock)
+TEST_F(ShellLcdLock, LockFromTheCameraPageHoldsWhileTheModelLagsBehind)
 {
     lockInBackend(false);
     w().goto_page(PAGE_CAMERA_SETTINGS_3);
-    ASSERT_EQ(rig.shownPageId(), PAGE_CAMERA_SETTINGS_3);
-    auto* camera = rig.shownPage();
-    ASSERT_TRUE(QMetaObject::invokeMethod(camera, "lcdLockClicked", Q_ARG(bool, false)));
+    ASSERT_TRUE(QMetaObject::invokeMethod(w().pageid_to_widget(PAGE_CAMERA_SETTINGS_3),
+                                          "lcdLockClicked", Q_ARG(bool, false)));
     EXPECT_EQ(backendLock(), 1);
-    EXPECT_EQ(rig.shownPageId(), PAGE_STATUS_1);
-    EXPECT_EQ(cardText(), text("point_info.lock"));
+    EXPECT_EQ(panel.shownPageId(), PAGE_STATUS_1);
+    EXPECT_TRUE(panel.cardShows("point_info.lock"));
     w().onTouchBeginReq();
-
-    // The lock from the backend holds from the next tick on.
-    ASSERT_TRUE(rig.tickUntil([&] { return w().is_lcd_touch_locked(); }));
-    w().long_press(QPointF(320, 86));
-    EXPECT_EQ(backendLock(), 0);
-    w().onTouchBeginReq();
-
-    w().goto_page(PAGE_SHORTCUT);
-    ASSERT_EQ(rig.shownPageId(), PAGE_SHORTCUT);
-    ASSERT_TRUE(QMetaObject::invokeMethod(rig.shownPage(), "shortcutKeyClicked",
-                                          Q_ARG(QString, QStringLiteral("LockLcd"))));
-    EXPECT_EQ(backendLock(), 1);
-    EXPECT_EQ(rig.shownPageId(), PAGE_STATUS_1);
-    EXPECT_EQ(cardText(), text("point_info.lock"));
+    // A report of the old state within the grace time doesn't undo the lock;
+    // a report that lasts beyond it wins.
+    panel.sim().require("set /lcd/lock_stat 0");
+    ASSERT_TRUE(testsupport::waitUntil(
+        [&] { return !w().appManager()->buildCameraSettingsPageVm(nullptr).lcd_lock_on; }));
+    panel.tick();
+    EXPECT_TRUE(w().is_lcd_touch_locked());
+    ASSERT_TRUE(panel.tickUntil([&] { return !w().is_lcd_touch_locked(); },
+                                std::chrono::milliseconds(Widget::kLockConfirmGraceMs + 3000)));
 }
 
-TEST_F(ShellLcdLock, StandbyKeepsItsOwnButtonTappableAndLongPressStillUnlocks)
+TEST_F(ShellLcdLock, StandbyKeepsItsWakeButtonAndALongPressStillUnlocks)
 {
-    rig.control("standby");
-    ASSERT_TRUE(rig.tickUntil([&] { return w().is_standby_visible(); }));
-    rig.screenshot("standby_locked");
-    QPushButton* wake = nullptr;
-    for (QPushButton* b : w().standbyPage()->findChildren<QPushButton*>())
-        wake = b;
+    panel.sim().require("standby");
+    ASSERT_TRUE(panel.tickUntil([&] { return w().is_standby_visible(); }));
+    w().long_press(QPointF(320, 86));
+    EXPECT_EQ(backendLock(), 0) << "the lock is judged before standby";
+    w().onTouchBeginReq();
+    auto* wake = w().standbyPage()->findChild<QPushButton*>();
     ASSERT_NE(wake, nullptr);
     QSignalSpy clicks(wake, &QPushButton::clicked);
-    w().button_tap(wake);
-    EXPECT_TRUE(testsupport::waitUntil([&] { return clicks.count() == 1; }));
+    panel.tap(wake);
+    EXPECT_EQ(clicks.count(), 1);
+}
 
-    rig.control("standby");
-    ASSERT_TRUE(rig.tickUntil([&] { return w().is_standby_visible(); }));
-    // The lock is tested before standby: the long press unlocks there too.
-    w().long_press(QPointF(320, 86));
-    EXPECT_EQ(backendLock(), 0);
+TEST(ShellLcdLockGuide, NoGuideOverTheUnlockCardButThePagesGuideWhenItGoes)
+{
+    PanelOptions options;
+    options.guides = true;
+    options.prepare = [](testsupport::SimFixture& sim) {
+        sim.require(
+            R"(set /lcd/gesture_guide {"force_show":0,"shown_counts":[0,0,0,0,0,0,0],"max_count":3})");
+        sim.require("set /lcd/lock_stat 1");
+    };
+    PanelWindow panel(options);
+    ASSERT_TRUE(panel.waitForMainUi());
+    Widget& w = panel.w();
+    GestureGuideOverlayComponent* guide = w.gestureGuideOverlay();
+    panel.tick();
+    EXPECT_FALSE(guide->isVisible()) << "while locked only the unlock hint, on request";
+    w.long_press(QPointF(320, 86));
+    ASSERT_TRUE(panel.cardShows("point_info.unlock"));
+    panel.tick();
+    EXPECT_FALSE(guide->isVisible()) << "the card comes first";
+    w.hideOperationOverlay();
+    EXPECT_TRUE(guide->isVisible());
+    EXPECT_EQ(
+        panel.deviceInt("/lcd/gesture_guide/shown_counts/" + std::to_string(GESTURE_GUIDE_HOME)),
+        1);
 }

@@ -4,6 +4,8 @@
 
 #include <gtest/gtest.h>
 
+#include <cstdlib>
+
 namespace testsupport {
 
 sim::SimConfig privateSimConfig(const TempDir& dir)
@@ -14,6 +16,13 @@ sim::SimConfig privateSimConfig(const TempDir& dir)
     config.quiet = true;
     config.tick_ms = 100;
     return config;
+}
+
+void useLoopbackTopics(sim::SimConfig& config)
+{
+    const BackendEndpoints loopback = BackendEndpoints::local("", freeTcpPortPair());
+    config.endpoints.topics_sub = loopback.topics_sub;
+    config.endpoints.topics_pub = loopback.topics_pub;
 }
 
 SimFixture::SimFixture(const std::function<void(sim::SimConfig&)>& adjust)
@@ -65,6 +74,24 @@ std::unique_ptr<AppManager> SimFixture::bareAppManager() const
     app->subWorker()->updateSubCache([](ZmqSubCache& sub) { sub = ZmqSubCache(); });
     app->subWorker()->updateGetCache([](ZmqGetCache& get) { get = ZmqGetCache(); });
     return app;
+}
+
+namespace {
+
+int loopbackPort(const std::string& endpoint)
+{
+    const std::size_t colon = endpoint.rfind(':');
+    EXPECT_EQ(endpoint.rfind("tcp://127.0.0.1:", 0), 0u) << "topics not on loopback: " << endpoint;
+    return colon == std::string::npos ? 0 : std::atoi(endpoint.c_str() + colon + 1);
+}
+
+} // namespace
+
+PanelEnvironment::PanelEnvironment(const SimFixture& sim)
+    : ipc_dir("PANEL_BACKEND_IPC_DIR", sim.folder().c_str()),
+      topic_port("PANEL_BACKEND_TOPIC_PORT",
+                 std::to_string(loopbackPort(sim.endpoints().topics_sub)).c_str())
+{
 }
 
 } // namespace testsupport

@@ -4,6 +4,7 @@
 // private folder, so tests never meet each other or a real backend.
 #include "model/app_manager.h"
 #include "simulator.h"
+#include "support/qt_capture.h"
 #include "support/test_support.h"
 
 #include <nlohmann/json.hpp>
@@ -17,6 +18,11 @@ namespace testsupport {
 // A quiet simulator on the folder's endpoints whose clock ticks every 100 ms,
 // so that searches, speed tests and the like finish in a few ticks.
 sim::SimConfig privateSimConfig(const TempDir& dir);
+
+// Moves the topic proxy to a free loopback port pair. A panel built in this
+// process finds its backend through its environment, which names the topic
+// proxy only by port.
+void useLoopbackTopics(sim::SimConfig& config);
 
 class SimFixture {
 public:
@@ -45,10 +51,25 @@ public:
     // nothing polls or listens, and both caches start cleared.
     std::unique_ptr<AppManager> bareAppManager() const;
 
+    // The folder that holds the request sockets.
+    const std::string& folder() const { return dir_.path(); }
+
 private:
     TempDir dir_;
     sim::SimConfig config_;
     std::unique_ptr<sim::Simulator> simulator_;
+};
+
+// This process's environment pointed at a simulator the way the panel reads
+// it (PANEL_BACKEND_IPC_DIR, PANEL_BACKEND_TOPIC_PORT), for the life of the
+// object. The simulator's topics must be on loopback (useLoopbackTopics).
+class PanelEnvironment {
+public:
+    explicit PanelEnvironment(const SimFixture& sim);
+
+private:
+    ScopedEnv ipc_dir;
+    ScopedEnv topic_port;
 };
 
 } // namespace testsupport
