@@ -8,7 +8,7 @@ namespace sim {
 
 namespace {
 
-const char* const kModule = "ai_api";
+const char* const kAiModule = "ai_api";
 
 json& tracking(Request& r)
 {
@@ -66,20 +66,20 @@ json updateTracking(Request& r)
 void registerAiHandlers(HandlerTable& t)
 {
     const OpKind W = OpKind::Write;
-    t.addPath(kModule, "/ai/ai_tracking/tracking_enable", W,
+    t.addPath(kAiModule, "/ai/ai_tracking/tracking_enable", W,
               topLevelSetter(tracking, {{"nn_enable", 0, 1}, {"nn_type", 0, 9}}));
-    t.addPath(kModule, "/ai/ai_tracking/select_obj", W,
+    t.addPath(kAiModule, "/ai/ai_tracking/select_obj", W,
               topLevelSetter(tracking, {{"track_id", -1, 1000}}));
-    t.addPath(kModule, "/ai/ai_tracking/update_tracking_info", W, updateTracking);
-    t.addPath(kModule, "/ai/image_matting/im_enable", W, enableMatting);
-    t.addPath(kModule, "/ai/image_matting/update_im_info", W,
+    t.addPath(kAiModule, "/ai/ai_tracking/update_tracking_info", W, updateTracking);
+    t.addPath(kAiModule, "/ai/image_matting/im_enable", W, enableMatting);
+    t.addPath(kAiModule, "/ai/image_matting/update_im_info", W,
               topLevelSetter(matting, {{"bgcolor_id", 0, 9},
                                        {"bg_lf", 0, 100},
                                        {"max_bg_cf", 0, 100},
                                        {"min_bg_cf", 0, 100}}));
-    t.addPath(kModule, "/ai/ai_tracking/get_tracking_info", OpKind::Read,
+    t.addPath(kAiModule, "/ai/ai_tracking/get_tracking_info", OpKind::Read,
               [](Request& r) { return reply::aiData(tracking(r)); });
-    t.addPath(kModule, "/ai/image_matting/get_matting_info", OpKind::Read,
+    t.addPath(kAiModule, "/ai/image_matting/get_matting_info", OpKind::Read,
               [](Request& r) { return reply::aiData(matting(r)); });
 }
 

@@ -7,7 +7,7 @@ namespace sim {
 
 namespace {
 
-const char* const kModule = "audio_api";
+const char* const kAudioModule = "audio_api";
 
 bool validSelection(const json& audio, const char* key, int high)
 {
@@ -41,12 +41,12 @@ json setAudio(Request& r)
 
 void registerAudioHandlers(HandlerTable& t)
 {
-    t.add(kModule, "audio", "", OpKind::Write, setAudio);
-    t.add(kModule, "set_ao_volume", "", OpKind::Write,
+    t.add(kAudioModule, "audio", "", OpKind::Write, setAudio);
+    t.add(kAudioModule, "set_ao_volume", "", OpKind::Write,
           intSetter("/audio/all", {{"ao_volume", 0, 100}}, code::kOutOfRange));
-    t.add(kModule, "all", "", OpKind::Read,
+    t.add(kAudioModule, "all", "", OpKind::Read,
           [](Request& r) { return reply::okTop("all", r.state["audio"]["all"]); });
-    t.add(kModule, "get_ao_volume", "", OpKind::Read, [](Request& r) {
+    t.add(kAudioModule, "get_ao_volume", "", OpKind::Read, [](Request& r) {
         return reply::okData({{"ao_volume", r.state["audio"]["all"]["ao_volume"]}});
     });
 }

@@ -8,7 +8,7 @@ namespace sim {
 
 namespace {
 
-const char* const kModule = "mediaplayer_api";
+const char* const kMediaplayerModule = "mediaplayer_api";
 
 json* device(Request& r)
 {
@@ -91,9 +91,9 @@ json decoderInfo(Request& r)
 
 void registerMediaPlayerHandlers(HandlerTable& t)
 {
-    t.add(kModule, "uvc", "uvc_open", OpKind::Write, open);
-    t.add(kModule, "uvc", "uvc_close", OpKind::Write, close);
-    t.add(kModule, "uvc", "get_list_info", OpKind::Read, [](Request& r) {
+    t.add(kMediaplayerModule, "uvc", "uvc_open", OpKind::Write, open);
+    t.add(kMediaplayerModule, "uvc", "uvc_close", OpKind::Write, close);
+    t.add(kMediaplayerModule, "uvc", "get_list_info", OpKind::Read, [](Request& r) {
         return reply::okData({{"uvc_list", r.state["decoder"]["uvc_list"]}});
     });
 }

@@ -8,7 +8,7 @@ namespace sim {
 
 namespace {
 
-const char* const kModule = "network_api";
+const char* const kNetworkModule = "network_api";
 
 json& network(Request& r)
 {
@@ -27,7 +27,7 @@ json wifiSwitch(Request& r)
     } else {
         json& wifi = network(r)["wifi"];
         wifi["switch"] = 0;
-        wifi["status"] = 0;
+        wifi["status"] = rules::kWifiIdle;
     }
     return reply::ok();
 }
@@ -112,24 +112,24 @@ void registerNetworkHandlers(HandlerTable& t)
 {
     const OpKind W = OpKind::Write;
     const OpKind R = OpKind::Read;
-    t.add(kModule, "ap", "ap_switch", W, apSwitch);
-    t.add(kModule, "ap", "update_ap_info", W, updateApInfo);
-    t.add(kModule, "wifi", "wifi_switch", W, wifiSwitch);
-    t.add(kModule, "wifi", "wifi_connect", W, wifiConnect);
-    t.add(kModule, "wifi", "wifi_clear", W, wifiClear);
-    t.add(kModule, "lan", "set_p2p_mode", W,
+    t.add(kNetworkModule, "ap", "ap_switch", W, apSwitch);
+    t.add(kNetworkModule, "ap", "update_ap_info", W, updateApInfo);
+    t.add(kNetworkModule, "wifi", "wifi_switch", W, wifiSwitch);
+    t.add(kNetworkModule, "wifi", "wifi_connect", W, wifiConnect);
+    t.add(kNetworkModule, "wifi", "wifi_clear", W, wifiClear);
+    t.add(kNetworkModule, "lan", "set_p2p_mode", W,
           intSetter("/network/lan", {{"p2p_switch", 0, 1}}, code::kNetworkInvalid));
-    t.add(kModule, "lan", "set_lan_info", W, setLanInfo);
-    t.add(kModule, "mdns", "set_mdns_info", W, setMdns);
+    t.add(kNetworkModule, "lan", "set_lan_info", W, setLanInfo);
+    t.add(kNetworkModule, "mdns", "set_mdns_info", W, setMdns);
 
-    t.add(kModule, "wifi", "get_wifi_info", R, wifiInfo);
-    t.add(kModule, "wifi", "get_wifi_list", R, objectReader("/network/wifi_list"));
-    t.add(kModule, "ap", "get_ap_info", R, objectReader("/network/ap"));
-    t.add(kModule, "lan", "get_lan_info", R, objectReader("/network/lan"));
-    t.add(kModule, "lan", "get_lan_ping", R, ping);
-    t.add(kModule, "lan", "get_local_ping", R, ping);
-    t.add(kModule, "mdns", "get_mdns_info", R, objectReader("/network/mdns"));
-    t.add(kModule, "get_main_ip", "", R, [](Request& r) {
+    t.add(kNetworkModule, "wifi", "get_wifi_info", R, wifiInfo);
+    t.add(kNetworkModule, "wifi", "get_wifi_list", R, objectReader("/network/wifi_list"));
+    t.add(kNetworkModule, "ap", "get_ap_info", R, objectReader("/network/ap"));
+    t.add(kNetworkModule, "lan", "get_lan_info", R, objectReader("/network/lan"));
+    t.add(kNetworkModule, "lan", "get_lan_ping", R, ping);
+    t.add(kNetworkModule, "lan", "get_local_ping", R, ping);
+    t.add(kNetworkModule, "mdns", "get_mdns_info", R, objectReader("/network/mdns"));
+    t.add(kNetworkModule, "get_main_ip", "", R, [](Request& r) {
         return reply::okData({{"ip", rules::mainIp(r.state)}});
     });
 }

@@ -7,7 +7,7 @@ namespace sim {
 
 namespace {
 
-const char* const kModule = "ptzctrl_api";
+const char* const kPtzModule = "ptzctrl_api";
 
 // The protocols on offer depend on the serial adapter and the work mode.
 bool offered(const json& state, int protocol)
@@ -48,8 +48,8 @@ json setClient(Request& r)
 
 void registerPtzHandlers(HandlerTable& t)
 {
-    t.add(kModule, "client", "set_client_info", OpKind::Write, setClient);
-    t.add(kModule, "client", "get_client_info", OpKind::Read,
+    t.add(kPtzModule, "client", "set_client_info", OpKind::Write, setClient);
+    t.add(kPtzModule, "client", "get_client_info", OpKind::Read,
           [](Request& r) { return reply::okData(r.state["ptz"]); });
 }
 

@@ -9,7 +9,7 @@ namespace sim {
 
 namespace {
 
-const char* const kModule = "record_api";
+const char* const kRecordModule = "record_api";
 
 enum Enable { kStop = 0, kStart = 1, kPause = 2, kResume = 3 };
 
@@ -111,14 +111,14 @@ json taskList(Request& r)
 
 void registerRecordHandlers(HandlerTable& t)
 {
-    t.add(kModule, "", "set_task_enable", OpKind::Write, setEnable);
-    t.add(kModule, "", "set_task_info", OpKind::Write, setInfo);
-    t.add(kModule, "", "stop_all_task", OpKind::Write, [](Request& r) {
+    t.add(kRecordModule, "", "set_task_enable", OpKind::Write, setEnable);
+    t.add(kRecordModule, "", "set_task_info", OpKind::Write, setInfo);
+    t.add(kRecordModule, "", "stop_all_task", OpKind::Write, [](Request& r) {
         for (json& task : r.state["record"]["tasks"])
             rules::stopRecording(task);
         return reply::ok();
     });
-    t.add(kModule, "", "get_task_list", OpKind::Read, taskList);
+    t.add(kRecordModule, "", "get_task_list", OpKind::Read, taskList);
 }
 
 } // namespace sim

@@ -7,7 +7,7 @@ namespace sim {
 
 namespace {
 
-const char* const kModule = "storage_api";
+const char* const kStorageModule = "storage_api";
 constexpr int kNasStorageId = 3;
 constexpr int kSpeedTestTicks = 2;
 
@@ -84,13 +84,13 @@ json choosePath(Request& r)
 void registerStorageHandlers(HandlerTable& t)
 {
     const OpKind W = OpKind::Write;
-    t.add(kModule, "nas", "nas_mount", W, mount);
-    t.add(kModule, "nas", "nas_umount", W, umount);
-    t.add(kModule, "test_storage_speed", "", W, speedTest);
-    t.add(kModule, "choose_storage_path", "", W, choosePath);
-    t.add(kModule, "nas", "get_nas_info_list", OpKind::Read,
+    t.add(kStorageModule, "nas", "nas_mount", W, mount);
+    t.add(kStorageModule, "nas", "nas_umount", W, umount);
+    t.add(kStorageModule, "test_storage_speed", "", W, speedTest);
+    t.add(kStorageModule, "choose_storage_path", "", W, choosePath);
+    t.add(kStorageModule, "nas", "get_nas_info_list", OpKind::Read,
           [](Request& r) { return reply::okData(storage(r)["nas"]); });
-    t.add(kModule, "get_present_storage", "", OpKind::Read, [](Request& r) {
+    t.add(kStorageModule, "get_present_storage", "", OpKind::Read, [](Request& r) {
         return reply::okData({{"storage_id", storage(r)["present_storage_id"]}});
     });
 }

@@ -8,7 +8,7 @@ namespace sim {
 
 namespace {
 
-const char* const kModule = "stream_api";
+const char* const kStreamModule = "stream_api";
 
 json& stream(Request& r)
 {
@@ -95,18 +95,18 @@ void registerStreamHandlers(HandlerTable& t)
 {
     const OpKind W = OpKind::Write;
     const OpKind R = OpKind::Read;
-    t.add(kModule, "publish", "update_publish_switch", W, publishSwitch);
-    t.add(kModule, "publish", "del_publish_info", W, deletePublish);
-    t.add(kModule, "publish", "update_streams_index", W, reorderPublish);
-    t.add(kModule, "set_srt_local_switch", "", W, srtLocalSwitch);
-    t.add(kModule, "rtsp_auth", "", W, setRtspAuth);
+    t.add(kStreamModule, "publish", "update_publish_switch", W, publishSwitch);
+    t.add(kStreamModule, "publish", "del_publish_info", W, deletePublish);
+    t.add(kStreamModule, "publish", "update_streams_index", W, reorderPublish);
+    t.add(kStreamModule, "set_srt_local_switch", "", W, srtLocalSwitch);
+    t.add(kStreamModule, "rtsp_auth", "", W, setRtspAuth);
 
-    t.add(kModule, "get_local_server", "", R, [](Request& r) {
+    t.add(kStreamModule, "get_local_server", "", R, [](Request& r) {
         return reply::okData({{"srt", json::array({stream(r)["srt_local"]})}});
     });
-    t.add(kModule, "get_rtsp_auth", "", R,
+    t.add(kStreamModule, "get_rtsp_auth", "", R,
           [](Request& r) { return reply::okData(stream(r)["rtsp_auth"]); });
-    t.add(kModule, "getStreamStatus", "", R,
+    t.add(kStreamModule, "getStreamStatus", "", R,
           [](Request& r) { return reply::okTop("publish_status", stream(r)["publish"]); });
 }
 

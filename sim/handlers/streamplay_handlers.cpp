@@ -8,7 +8,7 @@ namespace sim {
 
 namespace {
 
-const char* const kModule = "streamplay_api";
+const char* const kStreamplayModule = "streamplay_api";
 
 json& decoder(Request& r)
 {
@@ -125,25 +125,25 @@ void registerStreamPlayHandlers(HandlerTable& t)
 {
     const OpKind W = OpKind::Write;
     const OpKind R = OpKind::Read;
-    t.add(kModule, "set_streamplay_info", "streamplay_switch", W, pullSwitch);
-    t.add(kModule, "set_streamplay_info", "streamplay_del", W, pullDelete);
-    t.add(kModule, "set_streamplay_ndi_info", "ndi_find", W, ndiFind);
-    t.add(kModule, "set_streamplay_ndi_info", "ndi_recv", W, ndiReceive);
-    t.add(kModule, "set_streamplay_ndi_info", "ndi_close", W, ndiClose);
-    t.add(kModule, "set_streamplay_srtserver_info", "server_switch", W,
+    t.add(kStreamplayModule, "set_streamplay_info", "streamplay_switch", W, pullSwitch);
+    t.add(kStreamplayModule, "set_streamplay_info", "streamplay_del", W, pullDelete);
+    t.add(kStreamplayModule, "set_streamplay_ndi_info", "ndi_find", W, ndiFind);
+    t.add(kStreamplayModule, "set_streamplay_ndi_info", "ndi_recv", W, ndiReceive);
+    t.add(kStreamplayModule, "set_streamplay_ndi_info", "ndi_close", W, ndiClose);
+    t.add(kStreamplayModule, "set_streamplay_srtserver_info", "server_switch", W,
           [](Request& r) { return srtServerSwitch(r, "server_switch"); });
-    t.add(kModule, "set_streamplay_srtserver_info", "play_switch", W,
+    t.add(kStreamplayModule, "set_streamplay_srtserver_info", "play_switch", W,
           [](Request& r) { return srtServerSwitch(r, "play_switch"); });
-    t.add(kModule, "set_streamplay_servers_info", "play_switch", W, rtmpSwitch);
+    t.add(kStreamplayModule, "set_streamplay_servers_info", "play_switch", W, rtmpSwitch);
 
-    t.add(kModule, "get_streamplay_info", "get_decoder_state", R, decoderState);
-    t.add(kModule, "get_streamplay_info", "streamplay_get_all", R,
+    t.add(kStreamplayModule, "get_streamplay_info", "get_decoder_state", R, decoderState);
+    t.add(kStreamplayModule, "get_streamplay_info", "streamplay_get_all", R,
           [](Request& r) { return reply::okData(decoder(r)["net_streams"]); });
-    t.add(kModule, "get_streamplay_srtserver_info", "get_srt_server_info", R,
+    t.add(kStreamplayModule, "get_streamplay_srtserver_info", "get_srt_server_info", R,
           [](Request& r) { return reply::okData(decoder(r)["srt_server"]); });
-    t.add(kModule, "get_streamplay_servers_info", "get_servers_info", R,
+    t.add(kStreamplayModule, "get_streamplay_servers_info", "get_servers_info", R,
           [](Request& r) { return reply::okData(decoder(r)["rtmp_server"]); });
-    t.add(kModule, "get_streamplay_ndi_info", "ndi_get_all", R,
+    t.add(kStreamplayModule, "get_streamplay_ndi_info", "ndi_get_all", R,
           [](Request& r) { return reply::okData(decoder(r)["ndi"]["sources"]); });
 }
 

@@ -12,7 +12,7 @@ namespace sim {
 
 namespace {
 
-const char* const kModule = "system_api";
+const char* const kSystemModule = "system_api";
 
 json& system(Request& r)
 {
@@ -128,57 +128,64 @@ json systemTimeInfo(Request& r)
 void registerControl(HandlerTable& t)
 {
     const OpKind W = OpKind::Write;
-    t.add(kModule, "app", "set_app_connection_status", W, [](Request& r) {
+    t.add(kSystemModule, "app", "set_app_connection_status", W, [](Request& r) {
         const auto status = r.intArg("connect_status");
         if (!status || *status < 0 || *status > 9)
             return reply::refuse(code::kSystemInvalid, "invalid connect_status");
         system(r)["app_connection_status"] = *status;
         return reply::ok();
     });
-    t.add(kModule, "syscontrol", "set_reboot_info", W, [](Request& r) {
+    t.add(kSystemModule, "syscontrol", "set_reboot_info", W, [](Request& r) {
         rules::restart(r.state);
         return reply::refuse(code::kRebooting, "rebooting");
     });
-    t.add(kModule, "syscontrol", "set_reset_info", W, reset);
-    t.add(kModule, "syscontrol", "power_off", W, [](Request& r) { return setRunStatus(r, 0); });
-    t.add(kModule, "syscontrol", "power_on", W, [](Request& r) { return setRunStatus(r, 1); });
-    t.add(kModule, "syscontrol", "set_beep_status", W, setInts("/system", {{"beep_switch", 0, 1}}));
-    t.add(kModule, "lcd", "set_lcd_info", W, setLcdInfo);
-    t.add(kModule, "lcd", "set_lcd_theme", W, setInts("/lcd", {{"lcd_theme_id", 0, 1}}));
-    t.add(kModule, "lcd", "set_gesture_guide", W, [](Request& r) {
+    t.add(kSystemModule, "syscontrol", "set_reset_info", W, reset);
+    t.add(kSystemModule, "syscontrol", "power_off", W,
+          [](Request& r) { return setRunStatus(r, 0); });
+    t.add(kSystemModule, "syscontrol", "power_on", W,
+          [](Request& r) { return setRunStatus(r, 1); });
+    t.add(kSystemModule, "syscontrol", "set_beep_status", W,
+          setInts("/system", {{"beep_switch", 0, 1}}));
+    t.add(kSystemModule, "lcd", "set_lcd_info", W, setLcdInfo);
+    t.add(kSystemModule, "lcd", "set_lcd_theme", W, setInts("/lcd", {{"lcd_theme_id", 0, 1}}));
+    t.add(kSystemModule, "lcd", "set_gesture_guide", W, [](Request& r) {
         if (!r.body.contains("data") || !r.body["data"].is_object())
             return reply::refuse(code::kSystemInvalid, "gesture guide record must be an object");
         r.state["lcd"]["gesture_guide"] = r.body["data"];
         return reply::ok();
     });
-    t.add(kModule, "fan", "set_fan_mode", W, [](Request& r) {
+    t.add(kSystemModule, "fan", "set_fan_mode", W, [](Request& r) {
         const auto mode = r.intArg("mode");
         if (!mode || *mode < 0 || *mode > 2)
             return reply::refuse(code::kSystemInvalid, "fan mode must be 0 to 2");
         system(r)["fan_mode"] = *mode;
         return reply::ok();
     });
-    t.add(kModule, "workmode", "change_workmode", W, changeWorkmode);
-    t.add(kModule, "sys_attr", "set_sys_attr_info", W, setInts("/system", {{"language_id", 0, 4}}));
-    t.add(kModule, "sys_attr", "set_sys_location_info", W, [](Request& r) {
+    t.add(kSystemModule, "workmode", "change_workmode", W, changeWorkmode);
+    t.add(kSystemModule, "sys_attr", "set_sys_attr_info", W,
+          setInts("/system", {{"language_id", 0, 4}}));
+    t.add(kSystemModule, "sys_attr", "set_sys_location_info", W, [](Request& r) {
         return setStringFields(r, system(r)["location"], {"city", "country"});
     });
-    t.add(kModule, "systime", "set_systime_info", W, setSystemTime);
-    t.add(kModule, "systime", "set_systime_zone", W,
+    t.add(kSystemModule, "systime", "set_systime_info", W, setSystemTime);
+    t.add(kSystemModule, "systime", "set_systime_zone", W,
           [](Request& r) { return setStringFields(r, r.state["systime"], {"time_zone_id"}); });
-    t.add(kModule, "systime", "set_time_format", W, setInts("/systime", {{"time_format", 0, 1}}));
-    t.add(kModule, "remote_ctrl", "set_remote_crtl_switch", W,
+    t.add(kSystemModule, "systime", "set_time_format", W,
+          setInts("/systime", {{"time_format", 0, 1}}));
+    t.add(kSystemModule, "remote_ctrl", "set_remote_crtl_switch", W,
           setInts("/system/remote_ctrl", {{"remote_ctrl_switch", 0, 1}}));
-    t.add(kModule, "remote_ctrl", "set_remote_crtl_addr", W,
+    t.add(kSystemModule, "remote_ctrl", "set_remote_crtl_addr", W,
           setInts("/system/remote_ctrl", {{"remote_ctrl_addr", 0, 255}}));
-    t.add(kModule, "log", "modify_logsave_flag", W, setInts("/system/log", {{"save_flag", 0, 1}}));
-    t.add(kModule, "log", "remove_all_logfile", W, [](Request&) { return reply::ok(); });
-    t.add(kModule, "tally_led", "set_tally_led_info", W,
+    t.add(kSystemModule, "log", "modify_logsave_flag", W,
+          setInts("/system/log", {{"save_flag", 0, 1}}));
+    t.add(kSystemModule, "log", "remove_all_logfile", W, [](Request&) { return reply::ok(); });
+    t.add(kSystemModule, "tally_led", "set_tally_led_info", W,
           setInts("/system/tally", {{"mode_id", 0, 3}, {"color_id", 0, 3}}));
-    t.add(kModule, "tally_led", "set_tally_led_switch", W,
+    t.add(kSystemModule, "tally_led", "set_tally_led_switch", W,
           setInts("/system/tally", {{"switch", 0, 1}}));
-    t.add(kModule, "usb_otg", "set_usb_otg_id", W, setInts("/system", {{"usb_otg_id", 0, 2}}));
-    t.add(kModule, "set_dcout_status", "", W, setDcOut);
+    t.add(kSystemModule, "usb_otg", "set_usb_otg_id", W,
+          setInts("/system", {{"usb_otg_id", 0, 2}}));
+    t.add(kSystemModule, "set_dcout_status", "", W, setDcOut);
     t.add("hardware_api", "set_first_use", "", W,
           setInts("/system", {{"app_first_use_flag", 0, 1}}));
 }
@@ -186,35 +193,35 @@ void registerControl(HandlerTable& t)
 void registerReads(HandlerTable& t)
 {
     const OpKind R = OpKind::Read;
-    t.add(kModule, "syscontrol", "get_run_status", R, [](Request& r) {
+    t.add(kSystemModule, "syscontrol", "get_run_status", R, [](Request& r) {
         return reply::okData({{"run_status", system(r)["run_status"]}});
     });
-    t.add(kModule, "syscontrol", "get_beep_status", R, [](Request& r) {
+    t.add(kSystemModule, "syscontrol", "get_beep_status", R, [](Request& r) {
         return reply::okData({{"beep_switch", system(r)["beep_switch"]}});
     });
-    t.add(kModule, "workmode", "get_workmode_id", R, [](Request& r) {
+    t.add(kSystemModule, "workmode", "get_workmode_id", R, [](Request& r) {
         json body = reply::okTop("workmode_id", system(r)["workmode_id"]);
         body["data"] = {{"workmode_id", system(r)["workmode_id"]}};
         return body;
     });
-    t.add(kModule, "sys_language", "get_sys_language_info", R, [](Request& r) {
+    t.add(kSystemModule, "sys_language", "get_sys_language_info", R, [](Request& r) {
         return reply::okData({{"language_id", system(r)["language_id"]}});
     });
-    t.add(kModule, "lcd", "get_lcd_theme", R, [](Request& r) {
+    t.add(kSystemModule, "lcd", "get_lcd_theme", R, [](Request& r) {
         return reply::okData({{"lcd_theme_id", r.state["lcd"]["lcd_theme_id"]}});
     });
-    t.add(kModule, "lcd", "get_lcd_info", R,
+    t.add(kSystemModule, "lcd", "get_lcd_info", R,
           [](Request& r) { return reply::okData(lcdInfo(r.state["lcd"])); });
-    t.add(kModule, "lcd", "get_gesture_guide", R, objectReader("/lcd/gesture_guide"));
-    t.add(kModule, "app", "get_app_connection_status", R, [](Request& r) {
+    t.add(kSystemModule, "lcd", "get_gesture_guide", R, objectReader("/lcd/gesture_guide"));
+    t.add(kSystemModule, "app", "get_app_connection_status", R, [](Request& r) {
         return reply::okData({{"connect_status", system(r)["app_connection_status"]}});
     });
-    t.add(kModule, "sys_attr", "get_sys_attr_info", R, [](Request& r) {
+    t.add(kSystemModule, "sys_attr", "get_sys_attr_info", R, [](Request& r) {
         json info = system(r)["version"];
         info["language_id"] = system(r)["language_id"];
         return reply::okData(info);
     });
-    t.add(kModule, "sys_attr", "get_sys_all_info", R, [](Request& r) {
+    t.add(kSystemModule, "sys_attr", "get_sys_all_info", R, [](Request& r) {
         json info = system(r)["version"];
         info.update(system(r)["dashboard"]);
         info["location"] = system(r)["location"];
@@ -222,25 +229,26 @@ void registerReads(HandlerTable& t)
         info["workmode_id"] = system(r)["workmode_id"];
         return reply::okData(info);
     });
-    t.add(kModule, "fan", "get_fan_mode", R, [](Request& r) {
+    t.add(kSystemModule, "fan", "get_fan_mode", R, [](Request& r) {
         return reply::okData({{"mode", system(r)["fan_mode"]}});
     });
-    t.add(kModule, "systime", "get_systime_info", R, systemTimeInfo);
-    t.add(kModule, "systime", "get_time_format", R, [](Request& r) {
+    t.add(kSystemModule, "systime", "get_systime_info", R, systemTimeInfo);
+    t.add(kSystemModule, "systime", "get_time_format", R, [](Request& r) {
         return reply::okData({{"time_format", r.state["systime"]["time_format"]}});
     });
-    t.add(kModule, "remote_ctrl", "get_remote_crtl_info", R, objectReader("/system/remote_ctrl"));
-    t.add(kModule, "log", "get_logsave_flag", R, objectReader("/system/log"));
-    t.add(kModule, "tally_led", "get_tally_led_info", R, objectReader("/system/tally"));
-    t.add(kModule, "device_search", "get_devices_list", R,
+    t.add(kSystemModule, "remote_ctrl", "get_remote_crtl_info", R,
+          objectReader("/system/remote_ctrl"));
+    t.add(kSystemModule, "log", "get_logsave_flag", R, objectReader("/system/log"));
+    t.add(kSystemModule, "tally_led", "get_tally_led_info", R, objectReader("/system/tally"));
+    t.add(kSystemModule, "device_search", "get_devices_list", R,
           objectReader("/system/discovered_devices"));
-    t.add(kModule, "get_dcout_status", "", R, objectReader("/system/dc_out"));
-    t.add(kModule, "usb_otg", "get_usb_otg_id", R, [](Request& r) {
+    t.add(kSystemModule, "get_dcout_status", "", R, objectReader("/system/dc_out"));
+    t.add(kSystemModule, "usb_otg", "get_usb_otg_id", R, [](Request& r) {
         return reply::okData({{"usb_otg_id", system(r)["usb_otg_id"]}});
     });
-    t.add(kModule, "get_product_id", "", R,
+    t.add(kSystemModule, "get_product_id", "", R,
           [](Request& r) { return reply::okTop("product_id", system(r)["product_id"]); });
-    t.add(kModule, "get_dashboard_info", "", R, objectReader("/system/dashboard"));
+    t.add(kSystemModule, "get_dashboard_info", "", R, objectReader("/system/dashboard"));
 }
 
 } // namespace

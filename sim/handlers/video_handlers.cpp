@@ -9,7 +9,7 @@ namespace sim {
 
 namespace {
 
-const char* const kModule = "video_api";
+const char* const kVideoModule = "video_api";
 
 json& video(Request& r)
 {
@@ -93,23 +93,23 @@ void registerVideoHandlers(HandlerTable& t)
 {
     const OpKind W = OpKind::Write;
     const OpKind R = OpKind::Read;
-    t.add(kModule, "hdmi", "set_output_info", W, setOutput);
-    t.add(kModule, "hdmi", "set_input_info", W, setInput);
-    t.add(kModule, "venc", "", W, setVenc);
-    t.add(kModule, "ndi", "ndi_switch", W,
+    t.add(kVideoModule, "hdmi", "set_output_info", W, setOutput);
+    t.add(kVideoModule, "hdmi", "set_input_info", W, setInput);
+    t.add(kVideoModule, "venc", "", W, setVenc);
+    t.add(kVideoModule, "ndi", "ndi_switch", W,
           intSetter("/video/ndi", {{"switch", 0, 1}}, code::kVideoInvalid));
-    t.add(kModule, "ndi", "set_ndi_info", W, setNdiInfo);
+    t.add(kVideoModule, "ndi", "set_ndi_info", W, setNdiInfo);
 
-    t.add(kModule, "hdmi", "get_input_info", R, [](Request& r) {
+    t.add(kVideoModule, "hdmi", "get_input_info", R, [](Request& r) {
         json info = video(r)["input"];
         info["gsv2001"] = video(r)["gsv2001"];
         return reply::okData(info);
     });
-    t.add(kModule, "hdmi", "get_output_info", R, objectReader("/video/output"));
-    t.add(kModule, "all", "", R, [](Request& r) {
+    t.add(kVideoModule, "hdmi", "get_output_info", R, objectReader("/video/output"));
+    t.add(kVideoModule, "all", "", R, [](Request& r) {
         return reply::okTop("all", {{"venc", video(r)["venc"]}});
     });
-    t.add(kModule, "ndi", "get_ndi_info", R, objectReader("/video/ndi"));
+    t.add(kVideoModule, "ndi", "get_ndi_info", R, objectReader("/video/ndi"));
 }
 
 } // namespace sim

@@ -1,4 +1,5 @@
 #include "state/defaults.h"
+#include "state/device_rules.h"
 
 namespace sim {
 
@@ -26,7 +27,7 @@ json defaultNetworkState()
             {"p2p_switch", 0}}},
           {"wifi",
            {{"switch", 1},
-            {"status", 1},
+            {"status", rules::kWifiConnected},
             {"ssid", "Studio-5G"},
             {"ip", "192.168.1.150"},
             {"signalLevel", 3},

@@ -144,7 +144,7 @@ void restart(json& state)
 void dropWifi(json& state)
 {
     json& wifi = state["network"]["wifi"];
-    wifi["status"] = 0;
+    wifi["status"] = kWifiIdle;
     wifi["ssid"] = "";
 }
 
@@ -152,7 +152,7 @@ void restoreWifi(json& state)
 {
     json& wifi = state["network"]["wifi"];
     wifi["switch"] = 1;
-    wifi["status"] = 1;
+    wifi["status"] = kWifiConnected;
     wifi["ssid"] = wifi.value("known_ssid", std::string("Studio-5G"));
 }
 
@@ -161,7 +161,8 @@ std::string mainIp(const json& state)
     const json& network = state["network"];
     if (network["lan"].value("state", 0) == 1)
         return network["lan"].value("ip", std::string());
-    if (network["wifi"].value("switch", 0) == 1 && network["wifi"].value("status", 0) == 1)
+    if (network["wifi"].value("switch", 0) == 1
+        && network["wifi"].value("status", 0) == kWifiConnected)
         return network["wifi"].value("ip", std::string());
     return "";
 }

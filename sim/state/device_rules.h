@@ -14,6 +14,8 @@ using json = nlohmann::json;
 
 enum DiskStatus { kDiskAbsent = 0, kDiskReady = 1, kDiskFull = 2 };
 enum RecordStatus { kRecordStopped = 0, kRecording = 1, kRecordPaused = 2 };
+// The Wi-Fi client's status: 4 once it has joined a network.
+enum WifiStatus { kWifiIdle = 0, kWifiConnected = 4 };
 
 int workMode(const json& state);
 bool isStorageId(int storage_id);

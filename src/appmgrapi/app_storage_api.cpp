@@ -2,25 +2,7 @@
 #include "model/app_manager.h"
 
 #include "appmgrapi/app_api_forward.h"
-
-namespace {
-
-// The subscription cache keeps the stores in slots 0 (SD), 1 (USB), 2 (NAS).
-int cacheSlot(int storage_id)
-{
-    switch (storage_id) {
-    case 0:
-        return 0;
-    case 1:
-        return 1;
-    case 3:
-        return 2;
-    default:
-        return -1;
-    }
-}
-
-} // namespace
+#include "model/vm_builders/record_disk.h"
 
 int AppManager::setNasMount(int index)
 {
@@ -49,7 +31,7 @@ int AppManager::getPresentStorage(int& storage_id)
 
 int AppManager::getDiskStatus(int storage_id) const
 {
-    const int slot = cacheSlot(storage_id);
+    const int slot = recordDiskSlot(storage_id);
     if (!zmq_sub_worker || slot < 0)
         return -1;
     return zmq_sub_worker->getSubCache().disk_status[slot];
@@ -57,7 +39,7 @@ int AppManager::getDiskStatus(int storage_id) const
 
 float AppManager::getDiskWriteSpeed(int storage_id) const
 {
-    const int slot = cacheSlot(storage_id);
+    const int slot = recordDiskSlot(storage_id);
     if (!zmq_sub_worker || slot < 0)
         return 0.0f;
     return zmq_sub_worker->getSubCache().disk_write_speed[slot];

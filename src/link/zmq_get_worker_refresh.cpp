@@ -1,5 +1,6 @@
 // The refresh functions of ZmqGetWorker: read without a lock, then store one
 // group and its valid flag under the get cache mutex.
+#include "link/json_values.h"
 #include "link/zmq_get_cache.h"
 #include "link/zmq_get_worker.h"
 #include "link/zmq_sub_worker.h"
@@ -9,17 +10,6 @@
 #include <vector>
 
 namespace {
-
-bool isEmptyValue(const json& value)
-{
-    return value.is_null() || (value.is_object() && value.empty())
-           || (value.is_array() && value.empty());
-}
-
-QString utf8Text(const json& object, const char* key)
-{
-    return QString::fromStdString(object.value(key, std::string()));
-}
 
 // The RTMP server state comes as an object or as a list of one object.
 int rtmpSwitch(const json& value)
@@ -39,7 +29,7 @@ bool ZmqGetWorker::readJson(JsonRead read, json& value)
         return false;
     if ((sub_worker->*read)(value) < 0)
         return false;
-    return !isEmptyValue(value);
+    return !jsonvalue::isEmpty(value);
 }
 
 void ZmqGetWorker::store(const std::function<void(ZmqGetCache&)>& assign)
@@ -162,7 +152,7 @@ bool ZmqGetWorker::refreshNasInfoList()
         if (!mount.is_object())
             continue;
         NasMountInfo info;
-        info.name = utf8Text(mount, "name");
+        info.name = jsonvalue::utf8Text(mount, "name");
         info.switch_on = mount.value("switch", 0) != 0;
         info.status = mount.value("status", 0);
         list.push_back(info);
@@ -183,9 +173,9 @@ bool ZmqGetWorker::refreshDecoderInfo()
     if (data_it == value.end() || !data_it->is_object())
         return false;
     const json& data = *data_it;
-    const QString name = utf8Text(data, "name");
-    const QString video_format = utf8Text(data, "video_format");
-    const QString audio_format = utf8Text(data, "audio_format");
+    const QString name = jsonvalue::utf8Text(data, "name");
+    const QString video_format = jsonvalue::utf8Text(data, "video_format");
+    const QString audio_format = jsonvalue::utf8Text(data, "audio_format");
     const int bandwidth = data.value("bandwidth", 0);
     const double framerate = data.value("framerate", 0.0);
     const int width = data.value("width", 0);

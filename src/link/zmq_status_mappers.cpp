@@ -10,8 +10,6 @@
 
 namespace {
 
-constexpr int kUnknownCode = -9999;
-
 // Text that is no number reads as 0, which no domain uses.
 long codeNumber(const std::string& code)
 {
@@ -23,7 +21,7 @@ int lookupDense(const std::string& code, long first, std::initializer_list<int> 
 {
     const long offset = codeNumber(code) - first;
     if (offset < 0 || offset >= static_cast<long>(values.size()))
-        return kUnknownCode;
+        return ZmqSubWorker::kUnknownCode;
     return values.begin()[offset];
 }
 
@@ -36,7 +34,7 @@ int lookupListed(const std::string& code, std::initializer_list<CodeValue> entri
         if (entry.first == number)
             return entry.second;
     }
-    return kUnknownCode;
+    return ZmqSubWorker::kUnknownCode;
 }
 
 // Codes `first` to `last` share `value`, except those listed.
@@ -45,7 +43,7 @@ int lookupRange(const std::string& code, long first, long last, int value,
 {
     const long number = codeNumber(code);
     if (number < first || number > last)
-        return kUnknownCode;
+        return ZmqSubWorker::kUnknownCode;
     for (const CodeValue& entry : exceptions) {
         if (entry.first == number)
             return entry.second;
@@ -68,9 +66,9 @@ int ZmqSubWorker::mapNetworkStatusCodeToValue(const std::string& code)
                         {70020, -8},
                         {70032, -8},
                         {70016, -301},
-                        {70017, kUnknownCode},
-                        {70018, kUnknownCode},
-                        {70019, kUnknownCode}});
+                        {70017, ZmqSubWorker::kUnknownCode},
+                        {70018, ZmqSubWorker::kUnknownCode},
+                        {70019, ZmqSubWorker::kUnknownCode}});
 }
 
 int ZmqSubWorker::mapVideoStatusCodeToValue(const std::string& code)
@@ -97,7 +95,7 @@ int ZmqSubWorker::mapOsdStatusCodeToValue(const std::string& code)
 // The AI service reports failures by its reply forms, not by codes.
 int ZmqSubWorker::mapAiStatusCodeToValue(const std::string&)
 {
-    return kUnknownCode;
+    return ZmqSubWorker::kUnknownCode;
 }
 
 // The record service also passes on the first two codes of the storage service.
@@ -132,7 +130,7 @@ int ZmqSubWorker::mapStreamPlayStatusCodeToValue(const std::string& code)
 int ZmqSubWorker::mapMediaplayerStatusCodeToValue(const std::string& code)
 {
     const int player = lookupRange(code, 150001, 150010, -3, {{150009, -1001}, {150010, -1002}});
-    if (player != kUnknownCode)
+    if (player != ZmqSubWorker::kUnknownCode)
         return player;
     return lookupRange(code, 190001, 190008, -3, {{190003, -2}, {190006, -2}});
 }
@@ -144,5 +142,5 @@ int ZmqSubWorker::mapPtzctrlStatusCodeToValue(const std::string& code)
         return -3;
     if (code == "invalid_protocol")
         return -2;
-    return kUnknownCode;
+    return ZmqSubWorker::kUnknownCode;
 }

@@ -43,6 +43,8 @@ class ZmqSubWorker : public QObject {
 
 public:
     using StatusMapper = int (ZmqSubWorker::*)(const std::string&);
+    // What a status mapper returns for a code its domain doesn't know.
+    static constexpr int kUnknownCode = -9999;
 
     static constexpr int kDefaultRequestTimeoutMs = 1000;
 

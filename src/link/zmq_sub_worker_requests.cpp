@@ -1,4 +1,5 @@
 // Request exchange, reply reduction to a status value, configuration reads.
+#include "link/json_values.h"
 #include "link/zmq_sub_worker.h"
 
 #include "transport/harvelin_log.h"
@@ -12,7 +13,6 @@
 namespace {
 
 constexpr int kFailure = -3;
-constexpr int kUnknownCode = -9999;
 
 struct GeneralCode {
     long code;
@@ -44,12 +44,6 @@ std::string codeText(const json& doc)
         return it->is_string() ? it->get<std::string>() : it->dump();
     }
     return std::string();
-}
-
-bool isEmptyValue(const json& value)
-{
-    return value.is_null() || (value.is_object() && value.empty())
-           || (value.is_array() && value.empty());
 }
 
 } // namespace
@@ -101,12 +95,12 @@ int ZmqSubWorker::processApiResponse(const std::string& response, StatusMapper m
             return (isSuccessWord(doc, "rsp") || isSuccessWord(doc, "msg")) ? 0 : kFailure;
         }
         const int general = mapGeneralStatusCodeToValue(code);
-        if (general != kUnknownCode)
+        if (general != ZmqSubWorker::kUnknownCode)
             return general;
         if (!mapper)
             return kFailure;
         const int value = (this->*mapper)(code);
-        return value == kUnknownCode ? kFailure : value;
+        return value == ZmqSubWorker::kUnknownCode ? kFailure : value;
     } catch (const std::exception& e) {
         LOG_ERR("Exception: %s\n", e.what());
         return kFailure;
@@ -127,7 +121,7 @@ int ZmqSubWorker::mapGeneralStatusCodeToValue(const std::string& code)
         if (entry.code == number)
             return entry.value;
     }
-    return kUnknownCode;
+    return ZmqSubWorker::kUnknownCode;
 }
 
 void ZmqSubWorker::GetJsonCfg(std::string opt, json& out)
@@ -151,7 +145,7 @@ void ZmqSubWorker::GetJsonCfg(std::string opt, json& out)
         }
         if (doc.is_object() && doc.contains("data")) {
             out = doc["data"];
-            if (isEmptyValue(out))
+            if (jsonvalue::isEmpty(out))
                 LOG_WAR("GetJsonCfg: Data is empty for opt: %s\n", opt.c_str());
         }
     } catch (const std::exception& e) {

@@ -1,6 +1,7 @@
 // Parsers of the nine subscribed topics into ZmqSubCache. A payload of the
 // wrong shape changes nothing; a value of the wrong type throws out of the
 // parser (the receive loop logs it) and leaves what was stored before it.
+#include "link/json_values.h"
 #include "link/zmq_sub_worker.h"
 
 #include "transport/harvelin_log.h"
@@ -37,11 +38,6 @@ const json* childObject(const json& parent, const char* key)
 {
     auto it = parent.find(key);
     return (it != parent.end() && it->is_object()) ? &*it : nullptr;
-}
-
-QString utf8Text(const json& object, const char* key)
-{
-    return QString::fromStdString(object.value(key, std::string()));
 }
 
 void readRates(const json& network_info, const char* name, double& rx, double& tx)
@@ -289,7 +285,7 @@ void ZmqSubWorker::v2_parseNetStreamInfo(const std::string& content)
             continue;
         PushStreamItemInfo item;
         item.index = stream.value("index", 0);
-        item.name = utf8Text(stream, "name");
+        item.name = jsonvalue::utf8Text(stream, "name");
         item.status = stream.value("status", 0);
         item.switch_on = stream.value("switch", 0) != 0;
         cache.push_streams.push_back(item);
@@ -311,7 +307,7 @@ void ZmqSubWorker::v2_parseOsdStateInfo(const std::string& content)
             continue;
         OsdItemInfo item;
         item.id = layout.value("id", 0);
-        item.name = utf8Text(layout, "name");
+        item.name = jsonvalue::utf8Text(layout, "name");
         item.switch_on = layout.value("switch", 0) != 0;
         // A layout that reports no status is as active as its switch.
         item.status = layout.value("status", item.switch_on ? 1 : 0);

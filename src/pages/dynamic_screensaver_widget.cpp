@@ -1,5 +1,6 @@
 #include "pages/dynamic_screensaver_widget.h"
 
+#include "pages/page_widget_helpers.h"
 #include "ui/text_manager.h"
 
 #include <QFrame>
@@ -22,19 +23,6 @@ constexpr int kMinX = 24;
 constexpr int kRightMargin = 304;
 constexpr int kMinY = 12;
 constexpr int kBottomMargin = 108;
-
-template <class W> W* makeStyled(QWidget* parent, const char* className, const QRect& geometry)
-{
-    auto* widget = new W(parent);
-    widget->setProperty("class", className);
-    widget->setGeometry(geometry);
-    return widget;
-}
-
-QString orPlaceholder(const QString& value, const char* placeholder)
-{
-    return value.isEmpty() ? QString::fromLatin1(placeholder) : value;
-}
 
 // One axis of the bounce: step, and when the step leaves [low, high) clamp it
 // back into [low, high] and turn round.

@@ -1,5 +1,6 @@
 #include "pages/encoder_shortcut_page_widget.h"
 
+#include "model/view_models/record_task_status.h"
 #include "pages/page_ids.h"
 #include "pages/storage_icon_path.h"
 #include "ui/svg_icon_label.h"
@@ -11,8 +12,6 @@
 #include <QVariant>
 
 namespace {
-
-enum RecordStatus { kRecordRunning = 1, kRecordPaused = 2 };
 
 constexpr int kButtonSize = 76;
 constexpr int kButtonY = 14;

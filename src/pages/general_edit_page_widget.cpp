@@ -1,6 +1,7 @@
 #include "pages/general_edit_page_widget.h"
 
 #include "pages/page_ids.h"
+#include "pages/page_widget_helpers.h"
 #include "ui/components/style_state.h"
 #include "ui/svg_icon_label.h"
 #include "ui/text_manager.h"
@@ -82,13 +83,6 @@ QStringList encodeFormats(int width, int height, int fps)
         return kFullHdFormats[family];
     }
     return kHdFormats[family];
-}
-
-template <class W> W* makeStyled(QWidget* parent, const char* className)
-{
-    auto* widget = new W(parent);
-    widget->setProperty("class", className);
-    return widget;
 }
 
 } // namespace

@@ -1,5 +1,6 @@
 #include "pages/media_settings_page_widget.h"
 
+#include "model/view_models/record_task_status.h"
 #include "ui/svg_icon_label.h"
 #include "ui/text_ellipsis.h"
 
@@ -8,9 +9,6 @@
 #include <QVariant>
 
 namespace {
-
-constexpr int kRecordRunning = 1;
-constexpr int kRecordPaused = 2;
 
 // The NDI name wraps onto a second line after this many UTF-16 units.
 constexpr int kNdiLineCjk = 7;

@@ -14,8 +14,8 @@
 
 namespace {
 
-constexpr int kRowWidth = 160;
-constexpr int kRowHeight = 110;
+constexpr int kActionRowWidth = 160;
+constexpr int kActionRowHeight = 110;
 constexpr int kRowPitch = 180;
 constexpr int kFullListWidth = 2140;
 constexpr int kDotSize = 8;
@@ -194,9 +194,10 @@ void ShortcutPageWidget::updateShortcutList(const nlohmann::json& list)
     int n = int(entries->size());
     if (n >= kMaxRows) {
         n = kMaxRows;
-        content->resize(kFullListWidth, kRowHeight);
+        content->resize(kFullListWidth, kActionRowHeight);
     } else {
-        content->resize(n * kRowWidth + (n - 1) * (kRowPitch - kRowWidth), kRowHeight);
+        content->resize(n * kActionRowWidth + (n - 1) * (kRowPitch - kActionRowWidth),
+                        kActionRowHeight);
     }
 
     if (n < 4) {
@@ -224,7 +225,7 @@ void ShortcutPageWidget::addRow(int index, const QString& function)
     auto* button = new QPushButton(content);
     button->setFocusPolicy(Qt::NoFocus);
     button->setProperty("class", "v2-shurtcut-btn");
-    button->setGeometry(index * kRowPitch, 0, kRowWidth, kRowHeight);
+    button->setGeometry(index * kRowPitch, 0, kActionRowWidth, kActionRowHeight);
 
     auto* circle = new QLabel(button);
     circle->setProperty("class", "v2-shurtcut-label");
@@ -239,7 +240,7 @@ void ShortcutPageWidget::addRow(int index, const QString& function)
 
     auto* label = new QLabel(button);
     label->setProperty("class", "v2-sys-card-label");
-    label->setGeometry(0, 86, kRowWidth, 24);
+    label->setGeometry(0, 86, kActionRowWidth, 24);
     label->setAlignment(Qt::AlignCenter);
     if (known && text_manager)
         label->setText(text_manager->getTextWithFallback(QLatin1String(known->textKey)));

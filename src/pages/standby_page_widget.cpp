@@ -1,5 +1,6 @@
 #include "pages/standby_page_widget.h"
 
+#include "pages/page_widget_helpers.h"
 #include "ui/svg_icon_label.h"
 #include "ui/text_manager.h"
 
@@ -14,18 +15,6 @@ namespace {
 const char* const kUnknownIpText = "---.---.---.---";
 constexpr int kStatusIconSize = 34;
 constexpr int kTitleMaxWidth = 138;
-
-QString orPlaceholder(const QString& value, const char* placeholder)
-{
-    return value.isEmpty() ? QString::fromLatin1(placeholder) : value;
-}
-
-template <class W> W* makeStyled(QWidget* parent, const char* className)
-{
-    auto* widget = new W(parent);
-    widget->setProperty("class", className);
-    return widget;
-}
 
 } // namespace
 

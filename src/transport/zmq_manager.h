@@ -20,6 +20,8 @@
 class ZMQManager {
 public:
     using ServerCallback = void (*)(std::string request, std::string& reply, void* user);
+    // Stands in for an empty reply, on the client's side and the server's.
+    static constexpr const char* kEmptyReply = "{\"error\":\"empty reply\"}";
 
     ZMQManager();
     explicit ZMQManager(std::string name);

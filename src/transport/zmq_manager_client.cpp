@@ -13,7 +13,6 @@ constexpr int kDefaultSndTimeoutMs = 500;
 constexpr auto kStateErrorRetryDelay = std::chrono::milliseconds(300);
 constexpr auto kAgainErrorRetryDelay = std::chrono::milliseconds(200);
 constexpr auto kShutdownWait = std::chrono::milliseconds(1000);
-const char* const kEmptyReply = "{\"error\":\"empty reply\"}";
 
 void set_timeouts(zmq::socket_t& socket, int rcvtimeo_ms, int sndtimeo_ms)
 {
@@ -120,7 +119,7 @@ int ZMQManager::send_zmq_router_dealer_client_msg(const std::string& request, st
                 return -1;
             }
             if (reply.size() == 0) {
-                response = kEmptyReply;
+                response = ZMQManager::kEmptyReply;
                 reconnect_zmq_router_dealer_client();
                 return -1;
             }

@@ -13,7 +13,6 @@ namespace {
 constexpr int kMinWorkers = 1;
 constexpr int kMaxWorkers = 4;
 const char* const kNoCallbackReply = "{\"error\":\"no callback set\"}";
-const char* const kEmptyReply = "{\"error\":\"empty reply\"}";
 
 int clamp_workers(int workers)
 {
@@ -30,7 +29,7 @@ std::string answer(ZMQManager::ServerCallback callback, std::string request, voi
         return kNoCallbackReply;
     std::string reply;
     callback(std::move(request), reply, user);
-    return reply.empty() ? kEmptyReply : reply;
+    return reply.empty() ? ZMQManager::kEmptyReply : reply;
 }
 
 } // namespace

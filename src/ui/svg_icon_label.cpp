@@ -1,4 +1,5 @@
 #include "ui/svg_icon_label.h"
+#include "ui/components/style_state.h"
 
 #include <QFileInfo>
 #include <QHash>
@@ -28,12 +29,6 @@ QString tintedPixmapKey(const QString& path, const QSize& size, const QColor& co
         .arg(size.width())
         .arg(size.height())
         .arg(static_cast<uint>(color.rgba()));
-}
-
-void repolish(QWidget* widget)
-{
-    widget->style()->unpolish(widget);
-    widget->style()->polish(widget);
 }
 
 } // namespace

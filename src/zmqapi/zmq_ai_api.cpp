@@ -3,7 +3,7 @@
 
 namespace {
 
-constexpr zmqapi::InfoFunction kInfo = &ZmqSubWorker::getAiApiInfo;
+constexpr zmqapi::InfoFunction kAiInfo = &ZmqSubWorker::getAiApiInfo;
 constexpr zmqapi::ReplyForm kAiReply{"rsp", "success", "data"};
 
 constexpr const char* kTrackingEnablePath = "/ai/ai_tracking/tracking_enable";
@@ -180,12 +180,12 @@ int ZmqSubWorker::setAiTrackingSpeed(int speed_id)
 
 int ZmqSubWorker::getGskInfo(json& out)
 {
-    return zmqapi::fetch(*this, kInfo, pathRequest("/ai/image_matting/get_matting_info"), kAiReply,
-                         out);
+    return zmqapi::fetch(*this, kAiInfo, pathRequest("/ai/image_matting/get_matting_info"),
+                         kAiReply, out);
 }
 
 int ZmqSubWorker::getAiTrackingInfo(json& out)
 {
-    return zmqapi::fetch(*this, kInfo, pathRequest("/ai/ai_tracking/get_tracking_info"), kAiReply,
+    return zmqapi::fetch(*this, kAiInfo, pathRequest("/ai/ai_tracking/get_tracking_info"), kAiReply,
                          out);
 }

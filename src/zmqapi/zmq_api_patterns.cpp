@@ -27,12 +27,6 @@ int mapStatus(ZmqSubWorker& worker, ZmqSubWorker::StatusMapper mapper, const std
     return status == kUnknownCode ? kFailure : status;
 }
 
-bool isEmptyValue(const json& value)
-{
-    return value.is_null() || (value.is_object() && value.empty())
-           || (value.is_array() && value.empty());
-}
-
 std::optional<int> numberAt(const json& object, const char* key)
 {
     auto it = object.find(key);

@@ -18,7 +18,7 @@ using JsonRead = int (ZmqSubWorker::*)(json&);
 
 constexpr int kFailure = -3;
 constexpr int kNotPermitted = -2;
-constexpr int kUnknownCode = -9999;
+constexpr int kUnknownCode = ZmqSubWorker::kUnknownCode;
 
 // A request naming `group` and `opt`; a null name leaves its key out.
 json request(const char* group, const char* opt = nullptr);
@@ -72,8 +72,6 @@ int get(ZmqSubWorker& worker, InfoFunction info, const char* group, const char* 
 
 // Runs `value` through `mapper`, with a code the map doesn't know as -3.
 int mapStatus(ZmqSubWorker& worker, ZmqSubWorker::StatusMapper mapper, const std::string& value);
-
-bool isEmptyValue(const json& value);
 
 // `object.key` as an int when it is a number (a fraction truncated);
 // nothing when the key is missing, holds no number, or `object` is no object.

@@ -6,7 +6,7 @@ using zmqapi::request;
 
 namespace {
 
-constexpr zmqapi::InfoFunction kInfo = &ZmqSubWorker::getAudioApiInfo;
+constexpr zmqapi::InfoFunction kAudioInfo = &ZmqSubWorker::getAudioApiInfo;
 constexpr zmqapi::ReplyForm kAudioReply =
     zmqapi::mappedFailures(&ZmqSubWorker::mapAudioStatusCodeToValue);
 
@@ -145,13 +145,14 @@ int ZmqSubWorker::setAudioEncSource(int source)
 
 int ZmqSubWorker::getAudioConfig(json& out)
 {
-    return zmqapi::get(*this, kInfo, "all", nullptr, out, zmqapi::resultAt("all", kAudioReply));
+    return zmqapi::get(*this, kAudioInfo, "all", nullptr, out,
+                       zmqapi::resultAt("all", kAudioReply));
 }
 
 int ZmqSubWorker::getAudioOutVolume(int& ao_volume)
 {
     json data;
-    const int status = zmqapi::get(*this, kInfo, "get_ao_volume", nullptr, data, kAudioReply);
+    const int status = zmqapi::get(*this, kAudioInfo, "get_ao_volume", nullptr, data, kAudioReply);
     if (status < 0)
         return status;
     auto it = data.find("ao_volume");

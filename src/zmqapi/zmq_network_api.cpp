@@ -6,7 +6,7 @@ using zmqapi::request;
 
 namespace {
 
-constexpr zmqapi::InfoFunction kInfo = &ZmqSubWorker::getNetworkApiInfo;
+constexpr zmqapi::InfoFunction kNetworkInfo = &ZmqSubWorker::getNetworkApiInfo;
 
 } // namespace
 
@@ -57,33 +57,33 @@ int ZmqSubWorker::setLanDhcpMode(int ip_dhcp_switch)
 
 int ZmqSubWorker::getWifiInfo(json& out)
 {
-    return zmqapi::get(*this, kInfo, "wifi", "get_wifi_info", out);
+    return zmqapi::get(*this, kNetworkInfo, "wifi", "get_wifi_info", out);
 }
 int ZmqSubWorker::getApInfo(json& out)
 {
-    return zmqapi::get(*this, kInfo, "ap", "get_ap_info", out);
+    return zmqapi::get(*this, kNetworkInfo, "ap", "get_ap_info", out);
 }
 int ZmqSubWorker::getLanInfo(json& out)
 {
-    return zmqapi::get(*this, kInfo, "lan", "get_lan_info", out);
+    return zmqapi::get(*this, kNetworkInfo, "lan", "get_lan_info", out);
 }
 int ZmqSubWorker::getMainIp(json& out)
 {
-    return zmqapi::get(*this, kInfo, "get_main_ip", nullptr, out);
+    return zmqapi::get(*this, kNetworkInfo, "get_main_ip", nullptr, out);
 }
 int ZmqSubWorker::getWifiList(json& out)
 {
-    return zmqapi::get(*this, kInfo, "wifi", "get_wifi_list", out);
+    return zmqapi::get(*this, kNetworkInfo, "wifi", "get_wifi_list", out);
 }
 int ZmqSubWorker::getMdnsInfo(json& out)
 {
-    return zmqapi::get(*this, kInfo, "mdns", "get_mdns_info", out);
+    return zmqapi::get(*this, kNetworkInfo, "mdns", "get_mdns_info", out);
 }
 int ZmqSubWorker::getLanPing(json& out)
 {
-    return zmqapi::get(*this, kInfo, "lan", "get_lan_ping", out);
+    return zmqapi::get(*this, kNetworkInfo, "lan", "get_lan_ping", out);
 }
 int ZmqSubWorker::getLocalPing(json& out)
 {
-    return zmqapi::get(*this, kInfo, "lan", "get_local_ping", out);
+    return zmqapi::get(*this, kNetworkInfo, "lan", "get_local_ping", out);
 }

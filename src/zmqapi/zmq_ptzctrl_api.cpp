@@ -1,4 +1,5 @@
 // PTZ domain operations of ZmqSubWorker.
+#include "link/json_values.h"
 #include "zmqapi/zmq_api_patterns.h"
 
 int ZmqSubWorker::getPtzctrlInfo(json& out)
@@ -12,7 +13,7 @@ int ZmqSubWorker::setPtzProtocol(int protocol)
     return zmqapi::sendWithState(
         *this, &ZmqSubWorker::getPtzctrlInfo, &ZmqSubWorker::sendPtzctrlApiControl,
         zmqapi::request("client", "set_client_info"), [&](json& req, const json& state) {
-            if (zmqapi::isEmptyValue(state))
+            if (jsonvalue::isEmpty(state))
                 return zmqapi::kFailure;
             json entry = json::object();
             auto list = state.is_object() ? state.find("protocol_list") : state.end();

@@ -5,7 +5,7 @@ using zmqapi::command;
 using zmqapi::request;
 
 namespace {
-constexpr zmqapi::InfoFunction kInfo = &ZmqSubWorker::getStreamApiInfo;
+constexpr zmqapi::InfoFunction kStreamInfo = &ZmqSubWorker::getStreamApiInfo;
 } // namespace
 
 int ZmqSubWorker::setEncSrtServerSwitch(int srt_switch)
@@ -38,16 +38,16 @@ int ZmqSubWorker::setRtspAuthInfo(int auth_switch)
 
 int ZmqSubWorker::getEncLocalServerList(json& out)
 {
-    return zmqapi::get(*this, kInfo, "get_local_server", nullptr, out);
+    return zmqapi::get(*this, kStreamInfo, "get_local_server", nullptr, out);
 }
 
 int ZmqSubWorker::getRtspAuthInfo(json& out)
 {
-    return zmqapi::get(*this, kInfo, "get_rtsp_auth", nullptr, out);
+    return zmqapi::get(*this, kStreamInfo, "get_rtsp_auth", nullptr, out);
 }
 
 int ZmqSubWorker::getEncNetStreamList(json& out)
 {
-    return zmqapi::get(*this, kInfo, "getStreamStatus", nullptr, out,
+    return zmqapi::get(*this, kStreamInfo, "getStreamStatus", nullptr, out,
                        zmqapi::resultAt("publish_status"));
 }

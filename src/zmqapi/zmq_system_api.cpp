@@ -1,4 +1,5 @@
 // System domain operations of ZmqSubWorker.
+#include "link/json_values.h"
 #include "zmqapi/zmq_api_patterns.h"
 
 #include <QMutexLocker>
@@ -10,7 +11,7 @@ using zmqapi::request;
 
 namespace {
 
-constexpr zmqapi::InfoFunction kInfo = &ZmqSubWorker::getSystemApiInfo;
+constexpr zmqapi::InfoFunction kSystemInfo = &ZmqSubWorker::getSystemApiInfo;
 
 // Stores `value` in `held` under `mutex`; true when it differed.
 bool replaceHeld(QMutex& mutex, int& held, int value)
@@ -29,7 +30,7 @@ int readStateValue(ZmqSubWorker& worker, const char* group, const char* opt,
                    const zmqapi::ReplyForm& form, const char* key, Take take)
 {
     json result;
-    const int status = zmqapi::get(worker, kInfo, group, opt, result, form);
+    const int status = zmqapi::get(worker, kSystemInfo, group, opt, result, form);
     if (status < 0)
         return status;
     if (const std::optional<int> value = zmqapi::numberAt(result, key))
@@ -211,7 +212,7 @@ int ZmqSubWorker::setDcOutSwitch(int dc_switch)
     return zmqapi::sendWithState(
         *this, &ZmqSubWorker::getDcOutStatus, &ZmqSubWorker::sendSystemApiControl,
         request("set_dcout_status"), [&](json& req, const json& state) {
-            if (zmqapi::isEmptyValue(state) || !state.is_object() || !state.contains("voltage")) {
+            if (jsonvalue::isEmpty(state) || !state.is_object() || !state.contains("voltage")) {
                 return kFailure;
             }
             const int voltage = state["voltage"].get<int>();
@@ -260,12 +261,12 @@ int ZmqSubWorker::getSystemLanguage()
 
 int ZmqSubWorker::getLcdThemeId(json& out)
 {
-    return zmqapi::get(*this, kInfo, "lcd", "get_lcd_theme", out);
+    return zmqapi::get(*this, kSystemInfo, "lcd", "get_lcd_theme", out);
 }
 
 int ZmqSubWorker::getLcdInfo(json& out)
 {
-    return zmqapi::get(*this, kInfo, "lcd", "get_lcd_info", out);
+    return zmqapi::get(*this, kSystemInfo, "lcd", "get_lcd_info", out);
 }
 
 int ZmqSubWorker::getAppConnectionStatus(int& connect_status)
@@ -302,73 +303,73 @@ int ZmqSubWorker::getGestureGuide(json& out)
 
 int ZmqSubWorker::getSystemInfo(json& out)
 {
-    return zmqapi::get(*this, kInfo, "sys_attr", "get_sys_attr_info", out);
+    return zmqapi::get(*this, kSystemInfo, "sys_attr", "get_sys_attr_info", out);
 }
 
 int ZmqSubWorker::getFanMode(json& out)
 {
-    return zmqapi::get(*this, kInfo, "fan", "get_fan_mode", out);
+    return zmqapi::get(*this, kSystemInfo, "fan", "get_fan_mode", out);
 }
 
 int ZmqSubWorker::getSystemTimeInfo(json& out)
 {
-    return zmqapi::get(*this, kInfo, "systime", "get_systime_info", out);
+    return zmqapi::get(*this, kSystemInfo, "systime", "get_systime_info", out);
 }
 
 int ZmqSubWorker::getTimeFormat(json& out)
 {
-    return zmqapi::get(*this, kInfo, "systime", "get_time_format", out);
+    return zmqapi::get(*this, kSystemInfo, "systime", "get_time_format", out);
 }
 
 int ZmqSubWorker::getAllSystemInfo(json& out)
 {
-    return zmqapi::get(*this, kInfo, "sys_attr", "get_sys_all_info", out);
+    return zmqapi::get(*this, kSystemInfo, "sys_attr", "get_sys_all_info", out);
 }
 
 int ZmqSubWorker::getRemoteCtrlInfo(json& out)
 {
-    return zmqapi::get(*this, kInfo, "remote_ctrl", "get_remote_crtl_info", out);
+    return zmqapi::get(*this, kSystemInfo, "remote_ctrl", "get_remote_crtl_info", out);
 }
 
 int ZmqSubWorker::getLogSaveFlag(json& out)
 {
-    return zmqapi::get(*this, kInfo, "log", "get_logsave_flag", out);
+    return zmqapi::get(*this, kSystemInfo, "log", "get_logsave_flag", out);
 }
 
 int ZmqSubWorker::getTallyInfo(json& out)
 {
-    return zmqapi::get(*this, kInfo, "tally_led", "get_tally_led_info", out);
+    return zmqapi::get(*this, kSystemInfo, "tally_led", "get_tally_led_info", out);
 }
 
 int ZmqSubWorker::getDiscoverDevList(json& out)
 {
-    return zmqapi::get(*this, kInfo, "device_search", "get_devices_list", out);
+    return zmqapi::get(*this, kSystemInfo, "device_search", "get_devices_list", out);
 }
 
 int ZmqSubWorker::getDcOutStatus(json& out)
 {
-    return zmqapi::get(*this, kInfo, "get_dcout_status", nullptr, out);
+    return zmqapi::get(*this, kSystemInfo, "get_dcout_status", nullptr, out);
 }
 
 int ZmqSubWorker::getUsbOtgId(json& out)
 {
-    return zmqapi::get(*this, kInfo, "usb_otg", "get_usb_otg_id", out);
+    return zmqapi::get(*this, kSystemInfo, "usb_otg", "get_usb_otg_id", out);
 }
 
 int ZmqSubWorker::getBeepStatus(json& out)
 {
-    return zmqapi::get(*this, kInfo, "syscontrol", "get_beep_status", out);
+    return zmqapi::get(*this, kSystemInfo, "syscontrol", "get_beep_status", out);
 }
 
 int ZmqSubWorker::getProductId(json& out)
 {
-    return zmqapi::get(*this, kInfo, "get_product_id", nullptr, out,
+    return zmqapi::get(*this, kSystemInfo, "get_product_id", nullptr, out,
                        zmqapi::resultAt("product_id"));
 }
 
 int ZmqSubWorker::getDashboardInfo(json& out)
 {
-    return zmqapi::get(*this, kInfo, "get_dashboard_info", nullptr, out);
+    return zmqapi::get(*this, kSystemInfo, "get_dashboard_info", nullptr, out);
 }
 
 // The flag lives in the hardware configuration, not behind a request of its own.

@@ -6,7 +6,7 @@ using zmqapi::request;
 
 namespace {
 
-constexpr zmqapi::InfoFunction kInfo = &ZmqSubWorker::getVideoApiInfo;
+constexpr zmqapi::InfoFunction kVideoInfo = &ZmqSubWorker::getVideoApiInfo;
 constexpr zmqapi::ControlFunction kControl = &ZmqSubWorker::sendVideoApiControl;
 
 // The NDI sender takes its bitrate preset only within this range.
@@ -142,20 +142,20 @@ int ZmqSubWorker::setVideoEncKeyFrameInterval(int stream, int keyinterval)
 
 int ZmqSubWorker::getVideoInInfo(json& out)
 {
-    return zmqapi::get(*this, kInfo, "hdmi", "get_input_info", out);
+    return zmqapi::get(*this, kVideoInfo, "hdmi", "get_input_info", out);
 }
 
 int ZmqSubWorker::getVideoOutInfo(json& out)
 {
-    return zmqapi::get(*this, kInfo, "hdmi", "get_output_info", out);
+    return zmqapi::get(*this, kVideoInfo, "hdmi", "get_output_info", out);
 }
 
 int ZmqSubWorker::getVideoEncParams(json& out)
 {
-    return zmqapi::get(*this, kInfo, "all", nullptr, out, zmqapi::resultAt("all"));
+    return zmqapi::get(*this, kVideoInfo, "all", nullptr, out, zmqapi::resultAt("all"));
 }
 
 int ZmqSubWorker::getEncNdiInfo(json& out)
 {
-    return zmqapi::get(*this, kInfo, "ndi", "get_ndi_info", out);
+    return zmqapi::get(*this, kVideoInfo, "ndi", "get_ndi_info", out);
 }

@@ -55,34 +55,40 @@ int recordDiskSlot(int storage_id)
     }
 }
 
-qint64 getRecordDiskFreeSpace(const ZmqSubCache& sub, int storage_id)
+namespace {
+
+// The value a per-disk cache array holds for the storage id, or 0.
+int slotValue(const int (&values)[ZmqSubCache::kDiskSlots], int storage_id)
 {
     const int slot = recordDiskSlot(storage_id);
-    return slot < 0 ? 0 : sub.disk_free[slot];
+    return slot < 0 ? 0 : values[slot];
+}
+
+} // namespace
+
+qint64 getRecordDiskFreeSpace(const ZmqSubCache& sub, int storage_id)
+{
+    return slotValue(sub.disk_free, storage_id);
 }
 
 qint64 getRecordDiskTotalSpace(const ZmqSubCache& sub, int storage_id)
 {
-    const int slot = recordDiskSlot(storage_id);
-    return slot < 0 ? 0 : sub.disk_total[slot];
+    return slotValue(sub.disk_total, storage_id);
 }
 
 qint64 getRecordDiskUsedSpace(const ZmqSubCache& sub, int storage_id)
 {
-    const int slot = recordDiskSlot(storage_id);
-    return slot < 0 ? 0 : sub.disk_used[slot];
+    return slotValue(sub.disk_used, storage_id);
 }
 
 int getRecordTaskStatus(const ZmqSubCache& sub, int storage_id)
 {
-    const int slot = recordDiskSlot(storage_id);
-    return slot < 0 ? 0 : sub.record_status[slot];
+    return slotValue(sub.record_status, storage_id);
 }
 
 int getRecordTaskDuration(const ZmqSubCache& sub, int storage_id)
 {
-    const int slot = recordDiskSlot(storage_id);
-    return slot < 0 ? 0 : sub.record_duration[slot];
+    return slotValue(sub.record_duration, storage_id);
 }
 
 bool isRecordDiskAvailable(const ZmqSubCache& sub, int storage_id)
