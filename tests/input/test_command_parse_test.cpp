@@ -103,14 +103,14 @@ INSTANTIATE_TEST_SUITE_P(
         CommandCase{"gesture_name_is_not_a_command", "swipe_left", kNothing}),
     [](const auto& info) { return std::string(info.param.name); });
 
-TEST(CommandTap, WithoutAButtonAtThePointNothingIsTapped)
+TEST(CommandTap, WithoutAButtonAtThePointTheTapGoesToASlider)
 {
     TestCommandRecorder shell;
     VantorTestCommandInterface commands(&shell);
 
     commands.executeCommand("tap 600 160");
 
-    EXPECT_EQ(shell.calls, QStringList{"hitTest:(600,160)"});
+    EXPECT_EQ(shell.calls, (QStringList{"hitTest:(600,160)", "sliderTap:(600,160)"}));
 }
 
 TEST(CommandLog, EachCommandIsLoggedInItsSimplifiedForm)

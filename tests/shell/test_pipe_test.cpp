@@ -1,10 +1,14 @@
 // The panel driven through its test pipe, as a script on the device would:
 // every command goes through the same gates as the gesture it stands for.
+#include "panel_controls.h"
 #include "shell_rig.h"
 
+#include "control/modal_openings.h"
 #include "input/vantor_test_command_interface.h"
+#include "pages/general_slider_page_widget.h"
 
 #include <QPushButton>
+#include <QSlider>
 #include <gtest/gtest.h>
 
 #include <fcntl.h>
@@ -111,4 +115,22 @@ TEST_F(ShellTestPipe, CommandsMeetTheLock)
     ASSERT_TRUE(testsupport::waitUntil([&] { return !rig.panel().isOperationOverlayActive(); }));
     write("swipe up\n");
     EXPECT_TRUE(reaches(PAGE_MAIN_MENU_1));
+}
+
+TEST_F(ShellTestPipe, TapOnTheSliderCommitsTheValueUnderIt)
+{
+    rig.panel().enterSliderMode(SLIDER_LCD_BRIGHTNESS, PAGE_CAMERA_SETTINGS_3, 40);
+    ASSERT_TRUE(reaches(PAGE_GENERAL_SLIDER));
+    auto* page =
+        static_cast<GeneralSliderPageWidget*>(rig.panel().pageid_to_widget(PAGE_GENERAL_SLIDER));
+    QSlider* slider = page->sliderControl();
+    // Halfway along the slider: the brightness slider runs from 10 to 100,
+    // which the device counts from 0.
+    const QPoint left = slider->mapTo(&rig.panel(), QPoint(0, slider->height() / 2));
+    const int x = left.x() + slider->width() / 2;
+    write("tap " + std::to_string(x) + " " + std::to_string(left.y()) + "\n");
+    EXPECT_TRUE(
+        testsupport::waitUntil([&] { return shelltest::deviceInt(rig, "/lcd/lcd_bright") == 45; }));
+    EXPECT_EQ(page->backendValue(), 45);
+    EXPECT_EQ(rig.shownPageId(), PAGE_GENERAL_SLIDER);
 }
