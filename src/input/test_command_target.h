@@ -25,9 +25,11 @@ public:
     // "longpress [x y]": Widget::long_press(pos).
     virtual void long_press(const QPointF& pos) = 0;
     // "tap x y" / "click x y": Widget::testButtonAt(pos), then
-    // Widget::button_tap(btn) when a button was found.
+    // Widget::button_tap(btn) when a button was found; without a button,
+    // Widget::slider_tap(pos), the tap of a finger on the slider there.
     virtual QPushButton* testButtonAt(const QPoint& pos) = 0;
     virtual void button_tap(QPushButton* btn) = 0;
+    virtual void slider_tap(const QPoint& pos) = 0;
     // "touchbegin": Widget::onTouchBeginReq().
     virtual void onTouchBeginReq() = 0;
     // "refresh": Widget emits its signal requestPageRefresh(pageid), called

@@ -72,6 +72,8 @@ void VantorTestCommandInterface::connectTarget(TestCommandTarget* target)
     connect(this, &VantorTestCommandInterface::tapRequested, this, [target](const QPoint& pos) {
         if (QPushButton* button = target->testButtonAt(pos))
             target->button_tap(button);
+        else
+            target->slider_tap(pos);
     });
     connect(this, &VantorTestCommandInterface::touchBeginRequested, this,
             [target] { target->onTouchBeginReq(); });

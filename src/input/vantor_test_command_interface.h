@@ -28,6 +28,9 @@ struct TestCommandPaths {
 //   longpress [x y]            tap x y   click x y          touchbegin
 //   refresh                    guide hide                 page
 //
+// A tap hits the button at the point, or else the slider there, which then
+// takes the value under the point as a finger's tap would.
+//
 // Every command is emitted as its signal; the constructor connects the
 // signals to `target`, so the shell connects nothing more.
 class VantorTestCommandInterface : public QObject {

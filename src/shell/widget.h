@@ -174,6 +174,7 @@ public:
     void button_long_press(QPushButton* btn);
     void button_tap(QPushButton* btn) override;
     QPushButton* testButtonAt(const QPoint& point) override;
+    void slider_tap(const QPoint& point) override;
     bool is_lcd_touch_locked() const { return lcd_touch_locked; }
     void setLcdTouchLocked(bool locked);
     bool handleLcdLockedSwipe();

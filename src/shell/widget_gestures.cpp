@@ -163,6 +163,20 @@ QPushButton* Widget::testButtonAt(const QPoint& point)
     return button;
 }
 
+void Widget::slider_tap(const QPoint& point)
+{
+    QSlider* slider = nullptr;
+    for (QWidget* w = childAt(point); w && !slider; w = w->parentWidget())
+        slider = qobject_cast<QSlider*>(w);
+    if (!slider || !slider->isEnabled() || !slider->isVisibleTo(this))
+        return;
+    // What the touch handler reports for a short touch on a slider.
+    const int value =
+        sliderValueAtX(point.x(), slider->geometry(), slider->minimum(), slider->maximum());
+    onSliderValueChangedReq(slider, value);
+    onSliderTapReq(slider, value);
+}
+
 void Widget::setLcdTouchLocked(bool locked)
 {
     if (lcd_touch_locked == locked)

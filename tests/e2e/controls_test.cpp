@@ -1,6 +1,8 @@
-// Every switch and list row that changes the device at one tap: the device's
-// state must change, the panel must report the result on its card, and the
-// page must show the new state afterwards.
+// Every switch, button and list row that changes the device at one tap: the
+// device's state must change, the panel must report the result on its card,
+// and the page must show the new state afterwards; where the panel refuses a
+// tap (a share already mounted, NDI against push streams, a missing disk or
+// backdrop) it must say so and leave the device as it was.
 #include "eventually.h"
 #include "operation_card.h"
 #include "panel_test.h"
@@ -75,6 +77,23 @@ protected:
         const auto initial = rig->sim().get(pointer);
         ASSERT_TRUE(initial.has_value()) << pointer;
         ASSERT_NO_FATAL_FAILURE(expectTapSets(tap, pointer, initial->get<int>() ? 0 : 1));
+    }
+
+    // A tap that the panel refuses: a card in `look` and the device's value
+    // at `pointer` as it was.
+    void expectTapRefused(const Tap& tap, CardLook look, const std::string& pointer)
+    {
+        SCOPED_TRACE("refused tap on page " + std::to_string(tap.page) + " for " + pointer);
+        const auto before = rig->sim().get(pointer);
+        ASSERT_TRUE(before.has_value()) << pointer;
+        QImage quiet;
+        ASSERT_NO_FATAL_FAILURE(showControl(tap, quiet));
+        rig->tap(tap.where);
+        EXPECT_TRUE(waitForCard(*rig, look, quiet)) << "no " << toString(look) << " card";
+        EXPECT_EQ(rig->sim().get(pointer), before) << "the device changed";
+        ASSERT_TRUE(waitForCardGone(*rig, quiet)) << "the card didn't go";
+        rig->settle();
+        EXPECT_EQ(rig->sim().get(pointer), before) << "the device changed";
     }
 };
 
@@ -171,6 +190,92 @@ TEST_F(Controls, DecoderShortcutsOpenPullUvcAndNdiSources)
         10s));
     ASSERT_NO_FATAL_FAILURE(expectTapSets(listRow(PAGE_DECODER_SHORTCUT_3, 0),
                                           "/decoder/ndi/receiving", "STUDIO (Cam 1)"));
+}
+
+TEST_F(Controls, VideoMuteAndGreenScreenSwitchesChangeTheDevice)
+{
+    ASSERT_NO_FATAL_FAILURE(startRig(encodeDevice()));
+    ASSERT_NO_FATAL_FAILURE(expectSwitchToggles(card(PAGE_VIDEO_SETTINGS_1, point::kCardMiddle),
+                                                "/video/output/audio_switch"));
+    const Tap green_screen = card(PAGE_VIDEO_SETTINGS_2, point::kPairRight);
+    ASSERT_NO_FATAL_FAILURE(expectSwitchToggles(green_screen, "/ai/matting/im_enable"));
+    // Without a backdrop to key in there is no green screen.
+    ASSERT_TRUE(rig->sim().set("/ai/matting/user_bgfile_list", json::array()));
+    ASSERT_NO_FATAL_FAILURE(
+        expectTapRefused(green_screen, CardLook::Failure, "/ai/matting/im_enable"));
+}
+
+TEST_F(Controls, NasRowsMountOneShareAtATime)
+{
+    ASSERT_NO_FATAL_FAILURE(startRig(encodeDevice()));
+    // The first share is mounted: the second waits until it is unmounted.
+    ASSERT_NO_FATAL_FAILURE(expectTapRefused(listRow(PAGE_NETWORK_SETTINGS_3, 1), CardLook::Warning,
+                                             "/storage/nas/1/switch"));
+    ASSERT_NO_FATAL_FAILURE(
+        expectTapSets(listRow(PAGE_NETWORK_SETTINGS_3, 0), "/storage/nas/0/switch", 0));
+    ASSERT_NO_FATAL_FAILURE(
+        expectTapSets(listRow(PAGE_NETWORK_SETTINGS_3, 1), "/storage/nas/1/switch", 1));
+}
+
+TEST_F(Controls, RecordPausesResumesAndRefusesAMissingDisk)
+{
+    ASSERT_NO_FATAL_FAILURE(startRig(encodeDevice()));
+    const auto button = [](const QPoint& centre) {
+        const QRect round(centre.x() - 38, centre.y() - 38, 76, 76);
+        return Tap{PAGE_ENCODER_SHORTCUT_1, centre, round, round};
+    };
+    const Tap record = button(point::kRecordButton);
+    const Tap pause = button(point::kRecordPause);
+    ASSERT_NO_FATAL_FAILURE(expectTapSets(record, "/record/tasks/0/status", 1));
+    // The pause button pauses and resumes (task status 2 is paused).
+    ASSERT_NO_FATAL_FAILURE(expectTapSets(pause, "/record/tasks/0/status", 2));
+    ASSERT_NO_FATAL_FAILURE(expectTapSets(pause, "/record/tasks/0/status", 1));
+    // The disk can't change under a running recording.
+    rig->tap(point::kRecordDisk);
+    rig->settle();
+    EXPECT_EQ(rig->currentPage(), PAGE_ENCODER_SHORTCUT_1) << "the disk choice opened";
+    ASSERT_NO_FATAL_FAILURE(expectTapSets(record, "/record/tasks/0/status", 0));
+
+    // With its disk gone the task doesn't start, and the panel says so.
+    ASSERT_TRUE(rig->sim().ok("unplug-disk sd"));
+    ASSERT_NO_FATAL_FAILURE(expectTapRefused(record, CardLook::Failure, "/record/tasks/0/status"));
+}
+
+TEST_F(Controls, NdiAndPushStreamsShutEachOtherOut)
+{
+    ASSERT_NO_FATAL_FAILURE(startRig(encodeDevice()));
+    const Tap ndi = card(PAGE_MEDIA_SETTINGS_2, point::kCardLeft);
+    const Tap stream = listRow(PAGE_ENCODER_SHORTCUT_3, 0);
+    ASSERT_NO_FATAL_FAILURE(expectTapSets(ndi, "/video/ndi/switch", 1));
+    ASSERT_NO_FATAL_FAILURE(
+        expectTapRefused(stream, CardLook::Warning, "/stream/publish/0/switch"));
+    ASSERT_NO_FATAL_FAILURE(expectTapSets(ndi, "/video/ndi/switch", 0));
+    ASSERT_NO_FATAL_FAILURE(expectTapSets(stream, "/stream/publish/0/switch", 1));
+    ASSERT_NO_FATAL_FAILURE(expectTapRefused(ndi, CardLook::Warning, "/video/ndi/switch"));
+}
+
+TEST_F(Controls, LongListScrollsUnderTheSwipeAndTapsTheRowShown)
+{
+    RigOptions options = encodeDevice();
+    // Five OSD layouts: three rows show at a time.
+    options.device_setup.push_back(
+        R"(set /osd/osd_layout [{"id":1,"name":"Logo","switch":1},)"
+        R"({"id":2,"name":"Lower third","switch":0},{"id":3,"name":"Clock","switch":0},)"
+        R"({"id":4,"name":"Score","switch":0},{"id":5,"name":"Ticker","switch":0}])");
+    ASSERT_NO_FATAL_FAILURE(startRig(options));
+    const Tap first_row = listRow(PAGE_ENCODER_SHORTCUT_2, 0);
+    ASSERT_NO_FATAL_FAILURE(expectTapSets(first_row, "/osd/osd_layout/0/switch", 0));
+
+    // A swipe to the left scrolls the list by one row while there is more
+    // of it; the first place then shows the second layout.
+    EXPECT_EQ(rig->pageAfter("swipe left"), PAGE_ENCODER_SHORTCUT_2);
+    rig->tap(first_row.where);
+    EXPECT_TRUE(deviceReaches(*rig, "/osd/osd_layout/1/switch", 1));
+    EXPECT_EQ(rig->sim().get("/osd/osd_layout/0/switch"), json(0));
+    ASSERT_TRUE(waitForCardGone(*rig));
+    // Once the list's end shows, the swipe leaves the page.
+    EXPECT_EQ(rig->pageAfter("swipe left"), PAGE_ENCODER_SHORTCUT_2);
+    EXPECT_EQ(rig->pageAfter("swipe left"), PAGE_ENCODER_SHORTCUT_3);
 }
 
 TEST_F(Controls, DiskSpeedTestRunsAndKeepsItsResultOnScreen)

@@ -1,6 +1,7 @@
 // States of the whole device that take the screen or the touch away from
 // the pages: standby, the LCD lock, the firmware upgrade, a work mode change,
-// and the gesture guides a new device shows.
+// the first use with its connect page, and the gesture guides a new device
+// shows; and losses the device reports on its own (Wi-Fi, a disk).
 #include "eventually.h"
 #include "operation_card.h"
 #include "panel_test.h"
@@ -154,6 +155,84 @@ TEST_F(DeviceStates, AppConnectionClosesTheConnectPage)
     ASSERT_TRUE(rig->sim().ok("app-status 4"));
     EXPECT_EQ(rig->waitForPage(PAGE_STATUS_1, 10s), PAGE_STATUS_1);
     EXPECT_TRUE(deviceReaches(*rig, "/system/app_connection_status", 0));
+}
+
+TEST_F(DeviceStates, FirstUseStartsOnTheConnectPageAndEndsWhenThePhoneIsSetUp)
+{
+    RigOptions options = encodeDevice();
+    options.device_setup.push_back("set /system/app_first_use_flag 0");
+    ASSERT_NO_FATAL_FAILURE(startRig(options));
+    ASSERT_EQ(rig->currentPage(), PAGE_CONNECT_APP);
+    const QImage code = rig->screen().fresh();
+
+    // The phone connects: its progress replaces the QR code. Leaving the
+    // page tells the device the pairing screen is gone.
+    ASSERT_TRUE(rig->sim().ok("app-status 1"));
+    const QImage connected = pictureUnlike(code, 0.02);
+    EXPECT_GT(changedShare(code, connected), 0.02) << "the page doesn't show the phone";
+    EXPECT_EQ(rig->pageAfter("swipe up"), PAGE_STATUS_1);
+    EXPECT_TRUE(deviceReaches(*rig, "/system/app_connection_status", 0));
+
+    // Set up to the end: the first use is over for good.
+    EXPECT_EQ(rig->pageAfter("swipe down"), PAGE_CONNECT_APP);
+    ASSERT_TRUE(rig->sim().ok("app-status 4"));
+    EXPECT_TRUE(deviceReaches(*rig, "/system/app_first_use_flag", 1));
+    EXPECT_EQ(rig->waitForPage(PAGE_STATUS_1, 10s), PAGE_STATUS_1);
+}
+
+TEST_F(DeviceStates, FirstUseOnALockedPanelStillOffersTheConnectPage)
+{
+    RigOptions options = encodeDevice();
+    options.device_setup.push_back("set /system/app_first_use_flag 0");
+    options.device_setup.push_back("set /lcd/lock_stat 1");
+    ASSERT_NO_FATAL_FAILURE(startRig(options));
+    // The phone must be able to pair, so the lock lets the connect page be;
+    // it holds the swipes there as everywhere.
+    ASSERT_EQ(rig->currentPage(), PAGE_CONNECT_APP);
+    EXPECT_EQ(rig->pageAfter("swipe up"), PAGE_CONNECT_APP);
+    // Any other page is the first status page, and once the connect page
+    // is left the lock holds for it too.
+    EXPECT_EQ(rig->pageAfter("goto 3"), PAGE_STATUS_1);
+    EXPECT_EQ(rig->pageAfter("goto 32"), PAGE_STATUS_1);
+}
+
+TEST_F(DeviceStates, WifiDroppedByTheDeviceShowsInTheStatusBar)
+{
+    // The panel takes Wi-Fi status 4 for a connected client. The
+    // simulator's own connected status (and what its wifi-up restores) is 1,
+    // which the panel shows as not connected; so the test starts from 4.
+    RigOptions options = encodeDevice();
+    options.device_setup.push_back("set /network/wifi/status 4");
+    ASSERT_NO_FATAL_FAILURE(startRig(options));
+    const QImage connected = rig->screen().fresh();
+    ASSERT_TRUE(rig->sim().ok("wifi-drop"));
+    const QImage dropped = rig->screen().waitFor([&](const QImage& image) {
+        return changedShare(connected, image, area::kStatusBar) > 0.005;
+    });
+    EXPECT_GT(changedShare(connected, dropped, area::kStatusBar), 0.005)
+        << "the status bar doesn't show the lost Wi-Fi";
+    EXPECT_TRUE(rig->panelRunning());
+}
+
+TEST_F(DeviceStates, DiskPulledDuringARecordingEndsItOnTheRecordPage)
+{
+    ASSERT_NO_FATAL_FAILURE(startRig(encodeDevice()));
+    const QRect buttons(106, point::kPageTop + 14, 428, 76);
+    ASSERT_EQ(rig->pageAfter("goto 21"), PAGE_ENCODER_SHORTCUT_1);
+    ASSERT_TRUE(waitForCardGone(*rig));
+    rig->tap(point::kRecordButton);
+    ASSERT_TRUE(deviceReaches(*rig, "/record/tasks/0/status", 1));
+    ASSERT_TRUE(waitForCardGone(*rig));
+    const QImage recording = rig->screen().fresh();
+
+    // The device ends the task; the record page turns back to idle.
+    ASSERT_TRUE(rig->sim().ok("unplug-disk sd"));
+    EXPECT_TRUE(
+        eventually([&] { return rig->sim().get("/record/tasks/0/status") != json(1); }, 8s));
+    const QImage ended = rig->screen().waitFor(
+        [&](const QImage& image) { return changedShare(recording, image, buttons) > 0.02; });
+    EXPECT_GT(changedShare(recording, ended, buttons), 0.02) << "the page still shows a recording";
+    EXPECT_TRUE(rig->panelRunning());
 }
 
 TEST_F(DeviceStates, IdlePanelReturnsHomeAndDimsUntilTouched)

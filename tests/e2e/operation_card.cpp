@@ -71,4 +71,15 @@ bool waitForCardGone(PanelRig& rig, const QImage& before, std::chrono::milliseco
     return !seen.isNull() && noCard(seen);
 }
 
+bool waitForLookGone(PanelRig& rig, CardLook look, const QImage& before,
+                     std::chrono::milliseconds deadline)
+{
+    const int baseline = cardPixels(before, look);
+    const auto gone = [&](const QImage& image) {
+        return cardPixels(image, look) <= baseline + kCardShownMargin;
+    };
+    const QImage seen = rig.screen().waitFor(gone, deadline);
+    return !seen.isNull() && gone(seen);
+}
+
 } // namespace e2e

@@ -29,4 +29,11 @@ bool waitForCard(PanelRig& rig, CardLook look, const QImage& before,
 bool waitForCardGone(PanelRig& rig, const QImage& before = QImage(),
                      std::chrono::milliseconds deadline = std::chrono::milliseconds(8000));
 
+// Waits until the card's strip has no more of the colour of `look` than
+// `before` had: the card in that look has gone. For pages whose own texts
+// in the strip change with the operation (the slider's value), where
+// waitForCardGone would take the new text for a card.
+bool waitForLookGone(PanelRig& rig, CardLook look, const QImage& before,
+                     std::chrono::milliseconds deadline = std::chrono::milliseconds(8000));
+
 } // namespace e2e

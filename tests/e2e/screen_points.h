@@ -19,6 +19,9 @@ constexpr QPoint kCardLeft(154, kPageTop + 65);
 constexpr QPoint kCardMiddle(319, kPageTop + 65);
 constexpr QPoint kCardRight(484, kPageTop + 65);
 
+// A page with one card centres it: 155 x 110 at x 242.
+constexpr QPoint kSingleCard(320, kPageTop + 65);
+
 // Pages with two cards centre them: 155 x 110 at x 165 and 330.
 constexpr QPoint kPairLeft(242, kPageTop + 65);
 constexpr QPoint kPairRight(407, kPageTop + 65);
@@ -33,8 +36,15 @@ inline QRect cardRect(const QPoint& centre)
 constexpr QPoint kArrowLeft(48, 89);
 constexpr QPoint kArrowRight(592, 89);
 
-// Edit page: the option is the confirm button, 448 x 72 at (96, 31) of the page.
+// Edit page: the option is the confirm button, 448 x 72 at (96, 31) of the page;
+// the arrows beside it, 80 x 80 at (8, 27) and (552, 27), step through the options.
 constexpr QPoint kEditConfirm(320, kPageTop + 67);
+constexpr QPoint kEditPrevious(48, kPageTop + 67);
+constexpr QPoint kEditNext(592, kPageTop + 67);
+
+// Slider page: the slider, 512 x 36 at (64, 52) of the page. A tap at x
+// takes min + (x - 64) * (max - min) / 512; halfway is x 320.
+constexpr QPoint kSliderHalfway(320, kPageTop + 70);
 
 // Confirm page: Cancel and Confirm, 150 x 40 each, 16 apart, centred, 12 above the bottom.
 constexpr QPoint kDialogCancel(237, kPageTop + 110);

@@ -61,7 +61,7 @@ TEST(TestCommand, EachLineReachesItsShellOperationOrNothing)
     TestCommandRecorder nothingThere;
     VantorTestCommandInterface commands(&nothingThere);
     commands.executeCommand("tap 600 160");
-    EXPECT_EQ(nothingThere.calls, QStringList{"hitTest:(600,160)"});
+    EXPECT_EQ(nothingThere.calls, (QStringList{"hitTest:(600,160)", "sliderTap:(600,160)"}));
 }
 
 TEST(TestCommand, LogsEachCommandSimplifiedAndThePageOnRequest)

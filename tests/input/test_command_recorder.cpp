@@ -23,6 +23,11 @@ void TestCommandRecorder::button_tap(QPushButton* btn)
     calls << QStringLiteral("tap:%1").arg(btn ? btn->objectName() : QStringLiteral("null"));
 }
 
+void TestCommandRecorder::slider_tap(const QPoint& pos)
+{
+    calls << QStringLiteral("sliderTap:(%1,%2)").arg(pos.x()).arg(pos.y());
+}
+
 void TestCommandRecorder::refreshPage(int pageid)
 {
     calls << QStringLiteral("refresh:%1").arg(pageid);

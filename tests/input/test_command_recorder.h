@@ -7,7 +7,8 @@
 class QPushButton;
 
 // A shell stand-in that writes every call it gets into one ordered list, e.g.
-// "goto:5", "swipeLeft", "longPress:(320,86)", "hitTest:(10,20)", "tap:ok".
+// "goto:5", "swipeLeft", "longPress:(320,86)", "hitTest:(10,20)", "tap:ok",
+// "sliderTap:(600,160)".
 class TestCommandRecorder : public TestCommandTarget {
 public:
     QStringList calls;
@@ -24,6 +25,7 @@ public:
     void long_press(const QPointF& pos) override;
     QPushButton* testButtonAt(const QPoint& pos) override;
     void button_tap(QPushButton* btn) override;
+    void slider_tap(const QPoint& pos) override;
     void onTouchBeginReq() override { calls << "touchBegin"; }
     void refreshPage(int pageid) override;
     void hideGestureGuideOverlay() override { calls << "hideGuide"; }
