@@ -4,27 +4,24 @@
 #include "ui/panel_resources.h"
 
 #include <QApplication>
-#include <QDir>
 #include <QFile>
+#include <QMetaMethod>
 #include <QPainter>
 #include <QPixmap>
 #include <QProcess>
+
+#include <gtest/gtest.h>
 
 #include <map>
 
 namespace pagetest {
 
-namespace {
-
-const QString kLanguageFile =
-    QStringLiteral(PANEL_SOURCE_DIR "/resources/language/language-vantor-ui.json");
-
-} // namespace
-
 std::unique_ptr<UITextManager> makeTextManager(int language)
 {
     initPanelResources();
-    return std::make_unique<UITextManager>(nullptr, language, kLanguageFile, QString());
+    return std::make_unique<UITextManager>(
+        nullptr, language,
+        QStringLiteral(PANEL_SOURCE_DIR "/resources/language/language-vantor-ui.json"), QString());
 }
 
 UITextManager* texts(int language)
@@ -38,7 +35,7 @@ UITextManager* texts(int language)
 
 QString english(const QString& key)
 {
-    return texts(kEnglish)->getText(key);
+    return texts(kEnglish)->getTextWithFallback(key);
 }
 
 bool showsFile(const QLabel* label, const QString& path)
@@ -48,9 +45,30 @@ bool showsFile(const QLabel* label, const QString& path)
     return !shown.isNull() && !file.isNull() && shown.toImage() == file.toImage();
 }
 
-QString svgPathOf(const QWidget* icon)
+void expectShown(const QWidget* page, const QVector<Shown>& facts)
 {
-    return icon->property("svgPath").toString();
+    for (const Shown& fact : facts) {
+        const QLabel* label = byClass(page, fact.cls, true).value(fact.index);
+        const QString where = QStringLiteral("%1[%2]").arg(fact.cls).arg(fact.index);
+        if (!fact.text.isNull()) {
+            EXPECT_EQ(label ? label->text() : kHidden, fact.text) << where.toStdString();
+        }
+        if (fact.state) {
+            EXPECT_EQ(label ? stateOf(label) : kHidden, fact.state) << where.toStdString();
+        }
+    }
+}
+
+std::unique_ptr<QSignalSpy> spyOn(const QObject* object, const char* name)
+{
+    const QMetaObject* meta = object->metaObject();
+    for (int i = 0; i < meta->methodCount(); ++i) {
+        const QMetaMethod method = meta->method(i);
+        if (method.methodType() == QMetaMethod::Signal && method.name() == name)
+            return std::make_unique<QSignalSpy>(object, ("2" + method.methodSignature()).data());
+    }
+    ADD_FAILURE() << meta->className() << " has no signal " << name;
+    return std::make_unique<QSignalSpy>(object, SIGNAL(destroyed()));
 }
 
 void showAndSettle(QWidget* widget)
@@ -67,23 +85,6 @@ void applyTheme(QWidget* widget, const QString& theme)
         widget->setStyleSheet(QString::fromUtf8(file.readAll()));
 }
 
-QStringList saveThemedScreenshots(QWidget* widget, const QString& name)
-{
-    const QString folder = QStringLiteral(PANEL_BINARY_DIR "/screenshots/pages");
-    QDir().mkpath(folder);
-    QStringList written;
-    const QString before = widget->styleSheet();
-    for (const QString& theme : {QStringLiteral("black"), QStringLiteral("blue")}) {
-        applyTheme(widget, theme);
-        QApplication::processEvents();
-        const QString path = QStringLiteral("%1/%2_%3.png").arg(folder, name, theme);
-        if (widget->grab().save(path))
-            written << path;
-    }
-    widget->setStyleSheet(before);
-    return written;
-}
-
 QImage renderOnWhite(QWidget* widget)
 {
     QImage image(widget->size(), QImage::Format_RGB32);
@@ -96,13 +97,10 @@ QString decodeQrImage(const QImage& image)
 {
     // zbar wants a quiet zone around the code and a few pixels per module.
     const int margin = 40;
-    QImage framed(image.width() * 4 + 2 * margin, image.height() * 4 + 2 * margin,
-                  QImage::Format_RGB32);
+    QImage framed(image.size() * 4 + QSize(2 * margin, 2 * margin), QImage::Format_RGB32);
     framed.fill(Qt::white);
     QPainter painter(&framed);
-    painter.drawImage(
-        margin, margin,
-        image.scaled(image.size() * 4, Qt::IgnoreAspectRatio, Qt::FastTransformation));
+    painter.drawImage(margin, margin, image.scaled(image.size() * 4));
     painter.end();
 
     testsupport::TempDir dir;

@@ -1,7 +1,6 @@
 #include "panel_scenes.h"
 
 #include "page_test_support.h"
-#include "panel_scene_building.h"
 
 #include "pages/status_bar_widget.h"
 #include "ui/components/nav_dots_component.h"
@@ -11,17 +10,6 @@
 
 namespace pagetest {
 
-namespace {
-
-constexpr int kScreenWidth = 640;
-constexpr int kScreenHeight = 172;
-constexpr int kStatusBarHeight = 30;
-
-// The breadcrumb's separator: a guillemet with two blanks each side.
-const QString kContextSeparator = QStringLiteral("  \u00BB  ");
-
-} // namespace
-
 namespace scenes {
 
 StatusBarVM homeBar(int workMode)
@@ -30,13 +18,10 @@ StatusBarVM homeBar(int workMode)
     bar.work_mode = workMode;
     bar.pageid = PAGE_STATUS_1;
     bar.is_status_page = true;
-    bar.eth_link = true;
-    bar.wifi_on = true;
-    bar.ap_on = true;
+    bar.eth_link = bar.wifi_on = bar.ap_on = true;
     bar.disk_type = 0;
     bar.disk_icon_level = 3;
-    bar.is_recording = workMode == 0;
-    bar.is_streaming = workMode == 0;
+    bar.is_recording = bar.is_streaming = workMode == 0;
     bar.is_decoding = workMode == 1;
     return bar;
 }
@@ -88,35 +73,30 @@ QVector<PanelScene> panelScenes()
     return all;
 }
 
-QString contextText(const QStringList& keys, UITextManager* texts)
-{
-    QStringList parts;
-    for (const QString& key : keys)
-        parts << texts->getTextWithFallback(key);
-    return parts.join(kContextSeparator);
-}
-
 std::unique_ptr<QWidget> buildScreen(const PanelScene& scene, UITextManager* texts,
                                      const QString& theme, QWidget** page)
 {
     auto screen = std::make_unique<QWidget>();
     screen->setAttribute(Qt::WA_StyledBackground);
     screen->setProperty("class", "widget1");
-    screen->setFixedSize(kScreenWidth, kScreenHeight);
+    screen->setFixedSize(640, 172);
     applyTheme(screen.get(), theme);
 
     QWidget* built = nullptr;
     if (scene.full_screen) {
         built = scene.build(texts, screen.get());
-        built->setGeometry(0, 0, kScreenWidth, kScreenHeight);
+        built->setGeometry(screen->rect());
     } else {
         auto* bar = new StatusBarWidget(texts, screen.get());
         StatusBarVM vm = scene.bar;
-        vm.context_text = contextText(scene.context_keys, texts);
+        QStringList steps;
+        for (const QString& key : scene.context_keys)
+            steps << texts->getTextWithFallback(key);
+        vm.context_text = steps.join(QStringLiteral("  \u00BB  "));
         bar->updateFromVm(vm);
         built = scene.build(texts, screen.get());
         if (!scene.overlay)
-            built->move(0, kStatusBarHeight);
+            built->move(0, bar->height());
         auto* dots = new NavDotsComponent(screen.get());
         dots->updateState(scene.dots);
         auto* arrows = new SubmenuArrowsComponent(screen.get());
@@ -129,10 +109,18 @@ std::unique_ptr<QWidget> buildScreen(const PanelScene& scene, UITextManager* tex
     return screen;
 }
 
-void applyState(const SceneState& state, QWidget* page, UITextManager* texts)
+void forEachScreen(UITextManager* texts, const QString& theme, const ScreenVisit& visit)
 {
-    state.apply(page, texts);
-    QApplication::processEvents();
+    for (const PanelScene& scene : panelScenes()) {
+        QWidget* page = nullptr;
+        const auto screen = buildScreen(scene, texts, theme, &page);
+        visit(screen.get(), page, scene.name, nullptr);
+        for (const SceneState& state : scene.states) {
+            state.apply(page, texts);
+            QApplication::processEvents();
+            visit(screen.get(), page, scene.name + QLatin1Char('/') + state.name, &state);
+        }
+    }
 }
 
 } // namespace pagetest

@@ -1,6 +1,6 @@
 // The full-screen surfaces (standby, screensaver, upgrade, splash, Bluetooth
 // pairing) and the two cards that the window lays over its pages.
-#include "panel_scene_building.h"
+#include "panel_scenes.h"
 
 #include "input/gesture_guide_overlay_component.h"
 #include "model/view_models/shortcut_view_models.h"
@@ -30,42 +30,25 @@ PanelScene fullScreen(const QString& name)
 
 PanelScene standby()
 {
-    PanelScene scene = fullScreen("standby");
-    scene.build = page<StandbyPageWidget>([](StandbyPageWidget& p) {
-        StandbyPageVM vm;
-        vm.date_text = QStringLiteral("2025-03-01");
-        vm.time_text = QStringLiteral("10:24:36");
-        vm.ip_text = QStringLiteral("192.168.10.125");
-        p.updateFromVm(vm);
-    });
-    scene.states << state<StandbyPageWidget>(
-        "unknown_clock", [](StandbyPageWidget& p) { p.updateFromVm(StandbyPageVM{}); });
-    return scene;
-}
-
-DynamicScreensaverVM clock(int workMode, bool inStandby)
-{
-    DynamicScreensaverVM vm;
-    vm.date_text = QStringLiteral("2025-03-01");
-    vm.time_text = QStringLiteral("10:24:36");
-    vm.work_mode = workMode;
-    vm.standby = inStandby;
-    return vm;
+    StandbyPageVM vm;
+    vm.date_text = "2025-03-01", vm.time_text = "10:24:36", vm.ip_text = "192.168.10.125";
+    return showing<StandbyPageWidget>(fullScreen("standby"), vm,
+                                      {{"unknown_clock", [](auto& vm) { vm = {}; }}});
 }
 
 PanelScene screensaver()
 {
-    PanelScene scene = fullScreen("screensaver");
-    scene.build = page<DynamicScreensaverWidget>([](DynamicScreensaverWidget& p) {
-        p.updateFromVm(clock(0, false));
+    DynamicScreensaverVM vm;
+    vm.date_text = "2025-03-01", vm.time_text = "10:24:36";
+    PanelScene scene =
+        showing<DynamicScreensaverWidget>(fullScreen("screensaver"), vm,
+                                          {{"decode", [](auto& vm) { vm.work_mode = 1; }},
+                                           {"standby", [](auto& vm) { vm.standby = true; }}});
+    scene.build = page<DynamicScreensaverWidget>([vm](DynamicScreensaverWidget& p) {
+        p.updateFromVm(vm);
         p.start();
         // The card stays where start() puts it, so that pictures repeat.
         p.animationTimer()->stop();
-    });
-    scene.states << state<DynamicScreensaverWidget>("decode", [](DynamicScreensaverWidget& p) {
-        p.updateFromVm(clock(1, false));
-    }) << state<DynamicScreensaverWidget>("standby", [](DynamicScreensaverWidget& p) {
-        p.updateFromVm(clock(0, true));
     });
     return scene;
 }
@@ -92,25 +75,27 @@ PanelScene splash()
 
 PanelScene bluetooth()
 {
-    PanelScene scene = fullScreen("bluetooth");
-    scene.build = page<AutoBtPageWidget>([](AutoBtPageWidget& p) {
-        p.updateFromVm(ConnectBTVM{7, false});
-    });
-    scene.states = statesFor<AutoBtPageWidget, int>(
-        {2, 5, 6}, [](const int& s) { return QStringLiteral("status_%1").arg(s); },
-        [](AutoBtPageWidget& p, const int& s) {
-            p.updateFromVm(ConnectBTVM{s, false});
-        });
-    return scene;
+    Variants<ConnectBTVM> variants;
+    for (int status : {2, 5, 6})
+        variants.push_back(
+            {QStringLiteral("status_%1").arg(status), [status](auto& vm) { vm.status = status; }});
+    return showing<AutoBtPageWidget>(fullScreen("bluetooth"), ConnectBTVM{7, false}, variants);
 }
 
-// --- Cards over the pages -------------------------------------------------
-
-template <class Page> Page* pageBeneath(UITextManager* texts, QWidget* parent)
+// An overlay scene: `Page` beneath, showing an empty record, and the card.
+template <class Page, class Card>
+PanelScene overlay(PanelScene scene, std::function<void(Card&, UITextManager*)> show)
 {
-    auto* beneath = new Page(texts, parent);
-    beneath->move(0, 30);
-    return beneath;
+    scene.overlay = true;
+    scene.build = [show](UITextManager* texts, QWidget* parent) -> QWidget* {
+        auto* beneath = new Page(texts, parent);
+        beneath->move(0, 30);
+        beneath->updateFromVm({});
+        auto* card = new Card(parent);
+        show(*card, texts);
+        return card;
+    };
+    return scene;
 }
 
 void showGuide(GestureGuideOverlayComponent& guide, int type, UITextManager* texts)
@@ -122,57 +107,46 @@ void showGuide(GestureGuideOverlayComponent& guide, int type, UITextManager* tex
 
 PanelScene gestureGuide()
 {
-    PanelScene scene;
-    scene.name = "gesture_guide";
-    scene.overlay = true;
-    scene.bar = homeBar();
-    scene.build = [](UITextManager* texts, QWidget* parent) -> QWidget* {
-        pageBeneath<StatusPage1Widget>(texts, parent)->updateFromVm(StatusPage1VM{});
-        auto* guide = new GestureGuideOverlayComponent(parent);
-        showGuide(*guide, GESTURE_GUIDE_HOME, texts);
-        return guide;
-    };
+    using Guide = GestureGuideOverlayComponent;
+    PanelScene base;
+    base.name = "gesture_guide";
+    base.bar = homeBar();
+    PanelScene scene =
+        overlay<StatusPage1Widget, Guide>(base, [](Guide& guide, UITextManager* texts) {
+            showGuide(guide, GESTURE_GUIDE_HOME, texts);
+        });
     for (int type : {GESTURE_GUIDE_MAIN_MENU, GESTURE_GUIDE_CONNECT_APP, GESTURE_GUIDE_LCD_LOCKED})
-        scene.states << SceneState{
-            QStringLiteral("guide_%1").arg(type), [type](QWidget* guide, UITextManager* texts) {
-                showGuide(*static_cast<GestureGuideOverlayComponent*>(guide), type, texts);
-            }};
+        scene.states << SceneState{QStringLiteral("guide_%1").arg(type),
+                                   [type](QWidget* guide, UITextManager* texts) {
+                                       showGuide(*static_cast<Guide*>(guide), type, texts);
+                                   }};
     return scene;
 }
 
 bool isCardMessage(const QString& key)
 {
-    static const QStringList kPrefixes = {QStringLiteral("point_info."),
-                                          QStringLiteral("disk_status.")};
-    static const QStringList kKeys = {QStringLiteral("video_settings.gsk_resolution_invalid"),
-                                      QStringLiteral("video_settings.no_backdrop")};
-    for (const QString& prefix : kPrefixes)
-        if (key.startsWith(prefix))
-            return true;
-    return kKeys.contains(key);
+    return key.startsWith(QStringLiteral("point_info."))
+           || key.startsWith(QStringLiteral("disk_status."))
+           || key == QStringLiteral("video_settings.gsk_resolution_invalid")
+           || key == QStringLiteral("video_settings.no_backdrop");
 }
 
 // The card shows every operation message of the language file once; each
 // further state is named by the message's key.
 PanelScene operationCard()
 {
-    PanelScene scene =
-        settingsScene("operation_card", PAGE_SYSTEM_SETTINGS_1, "mainmenu.system", 0, 4);
-    scene.overlay = true;
-    scene.build = [](UITextManager* texts, QWidget* parent) -> QWidget* {
-        pageBeneath<SystemSettingsPage1Widget>(texts, parent)->updateFromVm({});
-        auto* card = new OperationOverlayComponent(parent);
-        card->showLoading(texts->getTextWithFallback(QStringLiteral("point_info.loading")));
-        return card;
-    };
-    for (const QString& key : texts()->textMap().keys()) {
-        if (!isCardMessage(key))
-            continue;
-        scene.states << SceneState{key, [key](QWidget* card, UITextManager* texts) {
-                                       static_cast<OperationOverlayComponent*>(card)->showResult(
-                                           false, texts->getTextWithFallback(key), 0);
-                                   }};
-    }
+    using Card = OperationOverlayComponent;
+    PanelScene scene = overlay<SystemSettingsPage1Widget, Card>(
+        settingsScene("operation_card", PAGE_SYSTEM_SETTINGS_1, "mainmenu.system", 0, 4),
+        [](Card& card, UITextManager* texts) {
+            card.showLoading(texts->getTextWithFallback(QStringLiteral("point_info.loading")));
+        });
+    for (const QString& key : texts()->textMap().keys())
+        if (isCardMessage(key))
+            scene.states << SceneState{key, [key](QWidget* card, UITextManager* texts) {
+                                           static_cast<Card*>(card)->showResult(
+                                               false, texts->getTextWithFallback(key), 0);
+                                       }};
     return scene;
 }
 

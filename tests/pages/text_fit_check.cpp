@@ -126,15 +126,8 @@ QString excuseFor(const QWidget* widget, const QString& text, const TextFitRules
 TextOverflow overflowOf(const QWidget* widget, const QString& text, bool vertical, int needed,
                         int available, const TextFitRules& rules)
 {
-    TextOverflow overflow;
-    overflow.widget = describeWidget(widget);
-    overflow.style_class = widget->property("class").toString();
-    overflow.text = text;
-    overflow.vertical = vertical;
-    overflow.needed = needed;
-    overflow.available = available;
-    overflow.excuse = excuseFor(widget, text, rules);
-    return overflow;
+    return {describeWidget(widget),        text, vertical, needed, available,
+            excuseFor(widget, text, rules)};
 }
 
 // Where the text's pixels land when QLabel draws it in `area` without

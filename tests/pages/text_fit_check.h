@@ -17,7 +17,6 @@ namespace pagetest {
 
 struct TextOverflow {
     QString widget; // type, style class and object name
-    QString style_class;
     QString text;
     bool vertical = false;
     int needed = 0;    // pixels of text
