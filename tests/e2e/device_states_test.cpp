@@ -196,14 +196,9 @@ TEST_F(DeviceStates, FirstUseOnALockedPanelStillOffersTheConnectPage)
     EXPECT_EQ(rig->pageAfter("goto 32"), PAGE_STATUS_1);
 }
 
-TEST_F(DeviceStates, WifiDroppedByTheDeviceShowsInTheStatusBar)
+TEST_F(DeviceStates, WifiDroppedAndRejoinedByTheDeviceShowsInTheStatusBar)
 {
-    // The panel takes Wi-Fi status 4 for a connected client. The
-    // simulator's own connected status (and what its wifi-up restores) is 1,
-    // which the panel shows as not connected; so the test starts from 4.
-    RigOptions options = encodeDevice();
-    options.device_setup.push_back("set /network/wifi/status 4");
-    ASSERT_NO_FATAL_FAILURE(startRig(options));
+    ASSERT_NO_FATAL_FAILURE(startRig(encodeDevice()));
     const QImage connected = rig->screen().fresh();
     ASSERT_TRUE(rig->sim().ok("wifi-drop"));
     const QImage dropped = rig->screen().waitFor([&](const QImage& image) {
@@ -211,6 +206,13 @@ TEST_F(DeviceStates, WifiDroppedByTheDeviceShowsInTheStatusBar)
     });
     EXPECT_GT(changedShare(connected, dropped, area::kStatusBar), 0.005)
         << "the status bar doesn't show the lost Wi-Fi";
+
+    ASSERT_TRUE(rig->sim().ok("wifi-up"));
+    const QImage rejoined = rig->screen().waitFor([&](const QImage& image) {
+        return changedShare(dropped, image, area::kStatusBar) > 0.005;
+    });
+    EXPECT_GT(changedShare(dropped, rejoined, area::kStatusBar), 0.005)
+        << "the status bar doesn't show the Wi-Fi back";
     EXPECT_TRUE(rig->panelRunning());
 }
 

@@ -23,11 +23,6 @@ const QColor kConfirmRed("#dc2626");
 // The device's uptime, far above what a restart leaves it at.
 constexpr int kLongUptime = 100000;
 
-std::string tapAt(const QPoint& point)
-{
-    return "tap " + std::to_string(point.x()) + " " + std::to_string(point.y());
-}
-
 class ModalFlows : public PanelTest {
 protected:
     void openFrom(int page, const QPoint& where, int modal_page)

@@ -10,11 +10,6 @@
 namespace e2e {
 namespace {
 
-std::string tapAt(const QPoint& point)
-{
-    return "tap " + std::to_string(point.x()) + " " + std::to_string(point.y());
-}
-
 class Navigation : public PanelTest {};
 
 TEST_F(Navigation, EncodeHomeGroupShortcutsConnectAndMenu)

@@ -43,4 +43,9 @@ RigOptions decodeDevice()
     return options;
 }
 
+std::string tapAt(const QPoint& point)
+{
+    return "tap " + std::to_string(point.x()) + " " + std::to_string(point.y());
+}
+
 } // namespace e2e

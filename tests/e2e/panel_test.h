@@ -24,6 +24,9 @@ protected:
 bool deviceReaches(PanelRig& rig, const std::string& pointer, const json& value,
                    std::chrono::milliseconds deadline = std::chrono::milliseconds(8000));
 
+// The test pipe's command for a tap at `point`.
+std::string tapAt(const QPoint& point);
+
 // Device set-ups used by several tests.
 RigOptions encodeDevice();
 RigOptions decodeDevice();
