@@ -43,12 +43,10 @@ TEST(RecordButton, TaskTroubleDecidesTheCardBeforeTheDisk)
         {3, Kind::StatusCard, -5, ""},
         {5, Kind::StatusCard, -4, ""},
         {6, Kind::FailedCard, 0, "disk_status.disk_other_error"},
-        {9, Kind::FailedCard, 0, "disk_status.disk_other_error"},
         {7, Kind::FailedCard, 0, "disk_status.disk_readonly"},
         {8, Kind::FailedCard, 0, "disk_status.disk_error"},
         {10, Kind::FailedCard, 0, "disk_status.disk_fs_unsupported"},
         {0, Kind::Async, 0, ""}, // other states leave it to the disk, which is ready
-        {2, Kind::Async, 0, ""},
     };
     for (const Case& c : cases) {
         SCOPED_TRACE(c.task_status);

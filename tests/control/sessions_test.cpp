@@ -53,7 +53,7 @@ protected:
 
 } // namespace
 
-TEST_F(DiskSpeed, MeasurementSurvivesNavigationAndItsCardWaitsOutTheGate)
+TEST_F(DiskSpeed, MeasurementSurvivesNavigationAndShowsOnAnyPage)
 {
     startAndWaitForPolling();
     EXPECT_TRUE(session.sessionFlag());
@@ -73,13 +73,6 @@ TEST_F(DiskSpeed, MeasurementSurvivesNavigationAndItsCardWaitsOutTheGate)
     EXPECT_EQ(card.state(), OPERATION_SUCCESS);
     EXPECT_EQ(card.text(), speed) << "on whatever page is shown";
     EXPECT_EQ(refreshes.count(), 0) << "page 3 shows no disk";
-
-    card.time.advance(DiskSpeedTestSession::kResultGateMs - 1);
-    EXPECT_TRUE(card.feedback.consumeTouchBeginForOperationOverlay());
-    EXPECT_EQ(card.text(), speed) << "an early touch is swallowed";
-    card.time.advance(1);
-    EXPECT_TRUE(card.feedback.consumeTouchBeginForOperationOverlay());
-    EXPECT_FALSE(card.feedback.isOperationOverlayActive());
 
     const int idle = session.generation();
     session.onPageSwitched();

@@ -147,8 +147,6 @@ const char* const kFieldCases = R"([
  "payloads": [[{"index":0,"name":"a","status":1,"switch":0}],
               [{"index":4,"name":"b","status":1,"switch":1}]],
  "expect": [true,true,[[4,"b",true,1,0]]]},
-{"what": "an empty list", "group": "streams", "expect": [true,false,[]],
- "payloads": [[{"index":4,"status":1,"switch":1}], []]},
 {"what": "OSD status defaults to the switch", "group": "osd",
  "payloads": [[{"id":1,"name":"Logo","switch":1},{"id":2,"name":"Clock","switch":0},
                {"id":3,"name":"Score","switch":1,"status":0},{"id":4}]],

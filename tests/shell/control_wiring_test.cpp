@@ -1,6 +1,6 @@
 // What the window does with the controls of its pages: taps reach the
-// control layer only through its gates, and the window carries out what the
-// control layer asks for (page marks, refreshes, modal pages).
+// control layer only through its gates, and the page marks of dropped or
+// refused taps go. The controls' effects on the device are end-to-end tests.
 #include "panel_window.h"
 
 #include "control/async_control_runner.h"
@@ -22,15 +22,6 @@ protected:
         w().goto_page(page);
         ASSERT_EQ(panel.shownPageId(), page);
         ASSERT_TRUE(panel.tickUntil(ready));
-    }
-    // The button of a modal page with the style class `styleClass`.
-    QPushButton* modalButton(int page, const char* styleClass)
-    {
-        for (QPushButton* b : w().pageid_to_widget(page)->findChildren<QPushButton*>()) {
-            if (b->property("class").toString() == QLatin1String(styleClass))
-                return b;
-        }
-        return nullptr;
     }
     bool settled()
     {
@@ -81,34 +72,4 @@ TEST_F(ShellControls, DroppedOrRefusedNetworkSwitchLosesItsPendingMark)
     ASSERT_TRUE(settled());
     EXPECT_TRUE(panel.cardShows("point_info.network_no_wifi_module"));
     EXPECT_FALSE(page->isWlanPending());
-}
-
-TEST_F(ShellControls, PushStreamCardWaitsOnItsPageUntilTheStreamReports)
-{
-    show(PAGE_ENCODER_SHORTCUT_3,
-         [&] { return listRow(w(), PAGE_ENCODER_SHORTCUT_3, 1) != nullptr; });
-    panel.sim().require("silence stream");
-    panel.tap(listRow(w(), PAGE_ENCODER_SHORTCUT_3, 1));
-    ASSERT_TRUE(
-        testsupport::waitUntil([&] { return !w().controlRunner()->isControlRequestActive(); }));
-    EXPECT_EQ(panel.deviceInt("/stream/publish/1/switch"), 1);
-    EXPECT_FALSE(panel.tickUntil([&] { return !w().isOperationInProgress(); },
-                                 std::chrono::milliseconds(800)));
-    panel.sim().require("unsilence stream");
-    ASSERT_TRUE(panel.tickUntil([&] { return !w().isOperationInProgress(); }));
-    EXPECT_TRUE(panel.cardShows("point_info.succeed"));
-}
-
-TEST_F(ShellControls, RebootLeavesTheDialogAndTheCardStandsOverThePageBeneath)
-{
-    show(PAGE_SYSTEM_SETTINGS_3);
-    panel.tap(settingsCard(w(), PAGE_SYSTEM_SETTINGS_3, "system_settings.reboot"));
-    ASSERT_EQ(panel.shownPageId(), PAGE_GENERAL_CONFIRM);
-    panel.tap(modalButton(PAGE_GENERAL_CONFIRM, "confirm-confirm-btn"));
-    EXPECT_EQ(panel.sim().webRequestsOf("set_reboot_info"), 1);
-    EXPECT_FALSE(w().isModalActive());
-    panel.tick();
-    EXPECT_EQ(panel.shownPageId(), PAGE_SYSTEM_SETTINGS_3)
-        << "the next tick shows the page beneath";
-    EXPECT_TRUE(w().isOperationInProgress()) << "the card stands until the device goes down";
 }

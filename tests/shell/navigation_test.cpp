@@ -1,10 +1,8 @@
 // What the window shows around the page it switches to: the page dots of the
-// home rows and settings groups, the breadcrumb, the arrows, and the way
-// back from the shortcut list and the modal pages.
+// home rows and settings groups, the breadcrumb and the arrows. The page
+// graph itself is walked by the end-to-end suite.
 #include "panel_window.h"
 
-#include "control/modal_flows.h"
-#include "pages/shortcut_page_widget.h"
 #include "pages/status_bar_widget.h"
 #include "shell/page_groups.h"
 #include "ui/components/nav_dots_component.h"
@@ -91,39 +89,4 @@ TEST_F(ShellNavigation, SettingsGroupsShowTheirBreadcrumbDotsAndArrows)
         EXPECT_EQ(shown(), menu) << key << ": the last page's right arrow leads to the menu";
         EXPECT_FALSE(arrows->leftButton()->isVisibleTo(&w()));
     }
-}
-
-TEST_F(ShellNavigation, ShortcutListAndModalPagesKnowTheirWayBack)
-{
-    w().goto_page(PAGE_STATUS_2);
-    w().long_press(QPointF(320, 86));
-    ASSERT_EQ(shown(), PAGE_SHORTCUT);
-    // The list's own dialog ignores swipes and keeps the list's way back.
-    emit static_cast<ShortcutPageWidget*>(w().pageid_to_widget(PAGE_SHORTCUT))
-        ->shortcutKeyClicked("Restart");
-    ASSERT_EQ(shown(), PAGE_GENERAL_CONFIRM);
-    EXPECT_EQ(w().modalFlows()->confirmVm().actionType, CONFIRM_REBOOT);
-    w().swipe_down();
-    w().swipe_left();
-    EXPECT_EQ(shown(), PAGE_GENERAL_CONFIRM);
-    w().onConfirmDialogCancelled(0);
-    EXPECT_EQ(shown(), PAGE_SHORTCUT);
-    w().swipe_down();
-    EXPECT_EQ(shown(), PAGE_STATUS_2);
-    for (int unknown : {31, 33, 35, -1})
-        w().goto_page(unknown);
-    EXPECT_EQ(shown(), PAGE_STATUS_2);
-
-    // Outside encoding the menu's audio entry is the output volume slider.
-    panel.sim().require("workmode 1");
-    ASSERT_TRUE(panel.tickUntil([&] { return w().workMode() == 1; }));
-    w().goto_page(PAGE_MAIN_MENU_1);
-    w().onMainMenuItemClicked("AUDIO");
-    ASSERT_EQ(shown(), PAGE_GENERAL_SLIDER);
-    EXPECT_EQ(w().currentPageId(), PAGE_MAIN_MENU_1);
-    EXPECT_EQ(w().get_current_pageid(), PAGE_GENERAL_SLIDER);
-    EXPECT_TRUE(statusBarShows("audio_settings.audio_volume"));
-    w().swipe_down();
-    EXPECT_EQ(shown(), PAGE_MAIN_MENU_1);
-    EXPECT_FALSE(w().isModalActive());
 }

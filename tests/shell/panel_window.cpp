@@ -1,6 +1,5 @@
 #include "panel_window.h"
 
-#include "pages/shortcut_list_page.h"
 #include "ui/components/settings_card.h"
 #include "ui/operation_overlay_component.h"
 #include "ui/panel_resources.h"
@@ -97,12 +96,6 @@ QPushButton* settingsCard(Widget& w, int page, const char* key)
             return cards->cardButton(card);
     }
     return nullptr;
-}
-
-QPushButton* listRow(Widget& w, int page, int index)
-{
-    auto* list = dynamic_cast<ShortcutListPage*>(w.pageid_to_widget(page));
-    return list ? list->rowButton(index) : nullptr;
 }
 
 } // namespace shelltest

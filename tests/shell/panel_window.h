@@ -70,7 +70,5 @@ protected:
 
 // Card `key` of a settings page; null when the page shows no such card.
 QPushButton* settingsCard(Widget& w, int page, const char* key);
-// Row `index` of a shortcut list page.
-QPushButton* listRow(Widget& w, int page, int index);
 
 } // namespace shelltest

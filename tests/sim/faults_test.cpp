@@ -26,33 +26,6 @@ TEST(SimFaults, BrokenPayloadsGoOutOnceOnTheNamedTopic)
                                    [](const json& p) { return p["workmode_id"] == "x"; }));
 }
 
-TEST(SimFaults, SilencedTopicStopsWhileTheOthersGoOn)
-{
-    Harness sim;
-    ASSERT_EQ(sim.control("silence cpu"), "ok");
-    // What was already on its way has arrived once a full round has.
-    ASSERT_TRUE(sim.topics.waitFor("topic_system_state_info", [](const json&) { return true; }));
-    sim.topics.forget();
-    ASSERT_TRUE(
-        testsupport::waitUntil([&] { return sim.topics.count("topic_system_state_info") >= 3; }));
-    EXPECT_EQ(sim.topics.count("topic_cpu_memory_info"), 0);
-    ASSERT_EQ(sim.control("unsilence cpu"), "ok");
-    EXPECT_TRUE(sim.topics.waitFor("topic_cpu_memory_info",
-                                   [](const json& p) { return p.contains("data"); }));
-}
-
-TEST(SimFaults, UpgradeIsSilentUntilStartedAndClimbsToAHundred)
-{
-    Harness sim;
-    ASSERT_TRUE(sim.topics.waitFor("topic_system_state_info", [](const json&) { return true; }));
-    EXPECT_EQ(sim.topics.count("topic_upgrade_progress_info"), 0);
-    ASSERT_EQ(sim.control("upgrade 25"), "ok");
-    for (const int progress : {50, 100})
-        EXPECT_TRUE(sim.topics.waitFor("topic_upgrade_progress_info", [&](const json& p) {
-            return p["upgrade_progress"] == progress;
-        }));
-}
-
 TEST(SimFaults, ReplyFaultsHitOnlyTheirOperationUntilCleared)
 {
     Harness sim;

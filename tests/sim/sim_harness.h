@@ -87,8 +87,7 @@ public:
         thread.join();
     }
 
-    // Waits until a message of `topic` received since the last forget()
-    // passes `accept`, given the raw content.
+    // Waits until a message of `topic` passes `accept`, given the raw content.
     bool waitForRaw(const std::string& topic, const std::function<bool(const std::string&)>& accept)
     {
         std::size_t seen = 0;
@@ -107,17 +106,6 @@ public:
             const json payload = json::parse(content, nullptr, false);
             return !payload.is_discarded() && accept(payload);
         });
-    }
-    int count(const std::string& topic)
-    {
-        std::lock_guard<std::mutex> lock(mutex);
-        return static_cast<int>(std::count_if(received.begin(), received.end(),
-                                              [&](const auto& m) { return m.first == topic; }));
-    }
-    void forget()
-    {
-        std::lock_guard<std::mutex> lock(mutex);
-        received.clear();
     }
 
 private:

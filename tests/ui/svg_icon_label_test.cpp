@@ -1,6 +1,5 @@
-// SvgIconLabel: a monochrome mask drawn in the colour the style gives it, and
-// the helpers pages use to set and re-style icons.
-#include "support/qt_capture.h"
+// SvgIconLabel: a monochrome mask drawn once it has a size, in the colour the
+// style gives it, and re-styled when its state changes.
 #include "theme_test_kit.h"
 #include "ui/svg_icon_label.h"
 
@@ -14,7 +13,6 @@
 namespace {
 
 const QString kSquare = QStringLiteral(":/icons/shortcut/stop.svg");
-const QString kRedDot = QStringLiteral(":/icons/statusbar/rec.svg"); // drawn red in the file
 
 QPixmap shown(const QLabel* label)
 {
@@ -42,19 +40,6 @@ protected:
     std::unique_ptr<QWidget> host = std::make_unique<QWidget>();
 };
 
-TEST_F(SvgIconLabelTest, DrawsTheMaskAtItsSizeInItsColourWhiteAtFirst)
-{
-    SvgIconLabel* label = icon(kRedDot, QSize(32, 30));
-    EXPECT_EQ(label->iconColor(), QColor(Qt::white));
-    EXPECT_EQ(shown(label).size(), QSize(32, 30));
-    for (const QColor& colour : {QColor(Qt::white), QColor("#123456")}) {
-        label->setIconColor(colour);
-        const looktest::InkSummary ink = looktest::inkOf(shown(label), colour);
-        EXPECT_GT(ink.inkedPixels, 0) << colour.name().toStdString();
-        EXPECT_EQ(ink.offColourPixels, 0) << colour.name().toStdString();
-    }
-}
-
 TEST_F(SvgIconLabelTest, ZeroSizeWaitsForTheFirstResize)
 {
     host->show(); // resize events reach only shown widgets
@@ -64,38 +49,6 @@ TEST_F(SvgIconLabelTest, ZeroSizeWaitsForTheFirstResize)
     EXPECT_TRUE(shown(label).isNull());
     label->resize(24, 24);
     EXPECT_EQ(shown(label).size(), QSize(24, 24));
-}
-
-TEST_F(SvgIconLabelTest, UnknownPathKeepsThePictureAndLogsNothing)
-{
-    SvgIconLabel* label = icon(kSquare);
-    const qint64 before = shown(label).cacheKey();
-    testsupport::MessageCapture capture;
-    label->setSvgPath(QStringLiteral(":/icons/general/no_such_icon.svg"));
-    EXPECT_EQ(shown(label).cacheKey(), before);
-    EXPECT_TRUE(capture.warnings().isEmpty()) << capture.warnings().join('\n').toStdString();
-}
-
-TEST_F(SvgIconLabelTest, HelpersCreateFixedIconsAndTintOnlyIconLabels)
-{
-    QLabel* created = createSvgIconLabel(host.get(), kSquare, QSize(22, 20), "v2-p1-icon");
-    ASSERT_NE(qobject_cast<SvgIconLabel*>(created), nullptr);
-    EXPECT_EQ(created->parent(), host.get());
-    EXPECT_EQ(created->property("class").toString(), "v2-p1-icon");
-    EXPECT_EQ(created->minimumSize(), QSize(22, 20));
-    EXPECT_EQ(created->maximumSize(), QSize(22, 20));
-    EXPECT_EQ(shown(created).size(), QSize(22, 20));
-    EXPECT_FALSE(createSvgIconLabel(host.get(), kSquare, QSize(8, 8), QString())
-                     ->property("class")
-                     .isValid());
-
-    setSvgIconPath(created, kRedDot);
-    EXPECT_EQ(centreOf(shown(created)), QColor(Qt::white));
-    QLabel plain(host.get());
-    setSvgIconPath(&plain, kRedDot);
-    const QColor drawn = centreOf(shown(&plain));
-    EXPECT_TRUE(drawn.red() > 200 && drawn.green() < 100) << "the file's own red, untinted";
-    setSvgIconPath(nullptr, kRedDot); // ignored
 }
 
 class StyledIconTest : public SvgIconLabelTest {

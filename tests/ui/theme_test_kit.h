@@ -1,5 +1,5 @@
-// Shared by the icon and theme tests: the style sheets and colour checks on
-// rendered pictures.
+// Shared by the icon tests: the style sheets and colour checks on rendered
+// pictures.
 #pragma once
 
 #include "ui/panel_resources.h"
@@ -8,11 +8,8 @@
 #include <QFile>
 #include <QImage>
 #include <QPixmap>
-#include <QStringList>
 
 namespace looktest {
-
-inline const QStringList kThemes{QStringLiteral("black"), QStringLiteral("blue")};
 
 inline QString themeSheet(const QString& theme)
 {
