@@ -38,38 +38,30 @@ protected:
 // NDI bitrate preset follows the bitrate inside 50..125.
 TEST_F(ReadModifyWriteTest, VencSettersSendTheWholeArrayWithOneChange)
 {
-    const json state = json::parse(R"({"venc":[
-        {"codec":{"selected_id":0},"profile":{"selected_id":1},"ratecontrol":{"selected_id":0},
-         "bitrate":8000,"ndi_bitrate_pre":100,"width":1920,"height":1080,"framerate":60,"keyinterval":60,"stream_id":0},
-        {"bitrate":2000,"ndi_bitrate_pre":80,"stream_id":1}],"vi":{"kept":true}})");
-    VideoEncInfo third;
-    std::tie(third.stream_id, third.codec, third.profile, third.ratecontrol, third.bitrate,
-             third.ndi_bitrate_pre, third.width, third.height, third.framerate, third.keyinterval) =
-        std::make_tuple(2, 1, 2, 1, 4000, 90, 640, 360, 30, 15);
+    const json state = json::parse(R"({"venc":[{"codec":{"selected_id":0},"bitrate":8000,
+        "ndi_bitrate_pre":100,"stream_id":0},{"bitrate":2000,"stream_id":1}],"vi":{"kept":true}})");
+    // Codec, profile, rate control, bitrate, preset, size, rate, key interval, stream.
+    const VideoEncInfo third{1, 2, 1, 4000, 90, 640, 360, 30, 15, 2};
     VideoEncInfo outOfRange = third;
     outOfRange.stream_id = 0;
     outOfRange.ndi_bitrate_pre = 200;
-    const std::tuple<std::function<int(A&)>, int, const char*> cases[] = {
-        {call(&W::setVideoEncCodecId, 1, 2), 1, R"({"codec":{"selected_id":2}})"},
-        {call(&W::setVideoEncProfileId, 0, 3), 0, R"({"profile":{"selected_id":3}})"},
-        {call(&W::setVideoEncRes, 1, 1280, 720), 1, R"({"width":1280,"height":720})"},
-        {call(&W::setVideoEncRateControlId, 0, 1), 0, R"({"ratecontrol":{"selected_id":1}})"},
-        {call(&W::setVideoEncFps, 1, 25), 1, R"({"framerate":25})"},
-        {call(&W::setVideoEncKeyFrameInterval, 0, 30), 0, R"({"keyinterval":30})"},
-        {call(&W::setVideoEncBitrate, 1, 49), 1, R"({"bitrate":49})"},
-        {call(&W::setVideoEncBitrate, 1, 50), 1, R"({"bitrate":50,"ndi_bitrate_pre":50})"},
-        {call(&W::setVideoEncBitrate, 0, 125), 0, R"({"bitrate":125,"ndi_bitrate_pre":125})"},
-        {call(&W::setVideoEncBitrate, 0, 126), 0, R"({"bitrate":126})"},
+    const char* params = R"({"codec":{"selected_id":1},"profile":{"selected_id":2},
+        "ratecontrol":{"selected_id":1},"bitrate":4000,"width":640,"height":360,"framerate":30,
+        "keyinterval":15})";
+    json withPreset = json::parse(params);
+    withPreset["ndi_bitrate_pre"] = 90;
+    const std::tuple<std::function<int(A&)>, int, json> cases[] = {
+        {call(&W::setVideoEncCodecId, 1, 2), 1, {{"codec", {{"selected_id", 2}}}}},
+        {call(&W::setVideoEncBitrate, 1, 49), 1, {{"bitrate", 49}}},
+        {call(&W::setVideoEncBitrate, 1, 50), 1, {{"bitrate", 50}, {"ndi_bitrate_pre", 50}}},
+        {call(&W::setVideoEncBitrate, 0, 125), 0, {{"bitrate", 125}, {"ndi_bitrate_pre", 125}}},
+        {call(&W::setVideoEncBitrate, 0, 126), 0, {{"bitrate", 126}}},
         // A stream the array lacks is made; a preset out of range is not taken.
-        {call(&W::setVideoEncParams, third), 2,
-         R"({"codec":{"selected_id":1},"profile":{"selected_id":2},"ratecontrol":{"selected_id":1},
-            "bitrate":4000,"ndi_bitrate_pre":90,"width":640,"height":360,"framerate":30,"keyinterval":15})"},
-        {call(&W::setVideoEncParams, outOfRange), 0,
-         R"({"codec":{"selected_id":1},"profile":{"selected_id":2},"ratecontrol":{"selected_id":1},
-            "bitrate":4000,"width":640,"height":360,"framerate":30,"keyinterval":15})"}};
+        {call(&W::setVideoEncParams, third), 2, withPreset},
+        {call(&W::setVideoEncParams, outOfRange), 0, json::parse(params)}};
     for (const auto& [operation, stream, change] : cases) {
         json venc = state["venc"];
-        venc[stream].merge_patch(json::parse(change));
+        venc[stream].merge_patch(change);
         EXPECT_EQ(written("all", succeedWith("all", state), operation, "venc"),
                   json({{"func_module", "video_api"}, {"group", "venc"}, {"venc", venc}}))
             << change;
@@ -88,12 +80,8 @@ TEST_F(ReadModifyWriteTest, StateGoesBackWithOneKeyChanged)
                      const char*>
         cases[] = {{"get_output_info", output, call(&A::setVideoOutMuteSwitch, 1),
                     "set_output_info", hdmi, R"({"audio_switch":1})"},
-                   {"get_output_info", output, call(&A::setVideoOutFormat, "720p50"),
-                    "set_output_info", hdmi, R"({"format":"720p50"})"},
                    {"get_ndi_info", ndi, call(&A::setEncNdiQuality, 4), "set_ndi_info", ndiSet,
                     R"({"mode_id":4})"},
-                   {"get_ndi_info", ndi, call(&W::setEncNdiDiscoverSwitch, 1), "set_ndi_info",
-                    ndiSet, R"({"discovery_enable":1})"},
                    {"get_lan_info", R"({"ip":"10.0.0.2","ip_dhcp_switch":0})",
                     call(&W::setLanDhcpMode, 1), "set_lan_info",
                     R"({"func_module":"network_api","group":"lan","opt":"set_lan_info"})",
@@ -117,22 +105,11 @@ TEST_F(ReadModifyWriteTest, FailedReadSendsNothing)
     const std::tuple<const char*, const char*, std::function<int(A&)>, int> cases[] = {
         {"all", R"({"rsp":"fail","all":{}})", call(&W::setVideoEncBitrate, 0, 60), -3},
         {"get_output_info", R"({"rsp":"fail"})", call(&A::setVideoOutFormat, "x"), -3},
-        {"get_ndi_info", R"({"rsp":"succeed"})", call(&A::setEncNdiQuality, 1), -3},
-        {"get_lan_info", "garbage", call(&W::setLanDhcpMode, 1), -3},
-        {"get_rtsp_auth", R"({"rsp":"fail"})", call(&W::setRtspAuthInfo, 1), -3},
         {"all", "90001", call(&A::setAudioEncVolume, 5), -501},
-        {"all", R"({"rsp":"failed"})", call(&A::setAudioEncSource, 1), -3},
-        {"get_dcout_status", R"({"rsp":"fail"})", call(&A::setDcOutSwitch, 1), -3},
         {"get_client_info", "invalid_protocol", call(&A::setPtzProtocol, 1), -2},
         {"get_client_info", R"({"rsp":"succeed","data":{}})", call(&A::setPtzProtocol, 1), -3},
-        {"/ai/ai_tracking/get_tracking_info", R"({"rsp":"succeed","data":{}})",
-         call(&A::setAiEnable, 1), -3},
         {"/ai/ai_tracking/get_tracking_info", R"({"rsp":"success","data":{"nn_type":null}})",
          call(&A::setAiEnable, 1), -3},
-        {"/ai/ai_tracking/get_tracking_info", R"({"rsp":"fail"})", call(&W::setAiTrackingMode, 1),
-         -3},
-        {"/ai/image_matting/get_matting_info", R"({"rsp":"succeed","data":{}})",
-         call(&W::setGskBgColor, 2), -3},
         {"get_list_info", R"({"data":{}})", call(&A::setDecUvcOpen, 1), -3}};
     for (const auto& [read, reply, operation, status] : cases) {
         web.clearRequests();
@@ -148,72 +125,68 @@ TEST_F(ReadModifyWriteTest, FailedReadSendsNothing)
 // bitrate to what it can do.
 TEST_F(ReadModifyWriteTest, AudioFitsTheDependentSettings)
 {
-    struct Case {
-        const char* what;
-        std::function<int(A&)> operation;
-        const char* state;
-        const char* change; // merged into the state
-    };
-    const auto source = [](int id) { return call(&A::setAudioEncSource, id); };
-    const auto on = call(&A::setAudioEncSwitch, 1);
-    const Case cases[] = {
-        {"rate 9 back to 3", on, R"({"switch":0,"sample_rate":{"selected_id":9}})",
-         R"({"switch":1,"sample_rate":{"selected_id":3}})"},
-        {"rate 8 kept", on, R"({"switch":0,"sample_rate":{"selected_id":8}})", R"({"switch":1})"},
-        {"rate -1 back to 3", on, R"({"switch":0,"sample_rate":{"selected_id":-1}})",
-         R"({"switch":1,"sample_rate":{"selected_id":3}})"},
-        {"rate 0 kept", on, R"({"sample_rate":{"selected_id":0}})", R"({"switch":1})"},
-        {"a wide source keeps four channels", source(2),
-         R"({"ai_type":{"selected_id":0},"ai_chnnum_real":4,"ai_chnnum_id":3,"ai_chnsel_id":2,"sample_rate":{"selected_id":3}})",
-         R"({"ai_type":{"selected_id":2},"ai_chnsel_id":0})"},
-        {"a wide source keeps the channel choice", source(2),
-         R"({"ai_chnnum_real":4,"ai_chnnum_id":1,"ai_chnsel_id":2,"sample_rate":{"selected_id":3}})",
-         R"({"ai_type":{"selected_id":2}})"},
-        {"a narrow source falls back to stereo", source(1),
-         R"({"ai_type":{"selected_id":2},"ai_chnnum_real":4,"ai_chnnum_id":3,"ai_chnsel_id":2,"sample_rate":{"selected_id":3}})",
-         R"({"ai_type":{"selected_id":1},"ai_chnnum_id":1,"ai_chnsel_id":0})"},
-        {"source 2 with two real channels is narrow", source(2),
-         R"({"ai_chnnum_real":2,"ai_chnnum_id":3,"ai_chnsel_id":1,"sample_rate":{"selected_id":3}})",
-         R"({"ai_type":{"selected_id":2},"ai_chnnum_id":1,"ai_chnsel_id":0})"},
-        {"rate 6 refused with codec 1", source(0),
-         R"({"codec":{"selected_id":1},"ai_chnnum_id":1,"sample_rate":{"selected_id":6}})",
-         R"({"ai_type":{"selected_id":0},"ai_chnsel_id":0,"sample_rate":{"selected_id":4}})"},
-        {"rate 6 kept with codec 0", source(0),
-         R"({"codec":{"selected_id":0},"ai_chnnum_id":1,"sample_rate":{"selected_id":6}})",
-         R"({"ai_type":{"selected_id":0},"ai_chnsel_id":0})"},
-        {"rate 5 falls back", source(0), R"({"ai_chnnum_id":1,"sample_rate":{"selected_id":5}})",
-         R"({"ai_type":{"selected_id":0},"ai_chnsel_id":0,"sample_rate":{"selected_id":4}})"},
-        {"rate 0 falls back", source(0),
-         R"({"ai_chnnum_id":1,"sample_rate":{"selected_id":0},"bitrate":{"selected_id":9}})",
-         R"({"ai_type":{"selected_id":0},"ai_chnsel_id":0,"sample_rate":{"selected_id":4}})"},
-        {"a missing rate decides as 4 and writes none", source(0),
-         R"({"ai_chnnum_id":1,"bitrate":{"selected_id":9}})",
-         R"({"ai_type":{"selected_id":0},"ai_chnsel_id":0})"},
-        {"rate 1 sets bitrate 4", source(0),
-         R"({"ai_chnnum_id":1,"sample_rate":{"selected_id":1},"bitrate":{"selected_id":9}})",
-         R"({"ai_type":{"selected_id":0},"ai_chnsel_id":0,"bitrate":{"selected_id":4}})"},
-        {"rate 2 sets bitrate 5", source(0),
-         R"({"ai_chnnum_id":1,"sample_rate":{"selected_id":2},"bitrate":{"selected_id":9}})",
-         R"({"ai_type":{"selected_id":0},"ai_chnsel_id":0,"bitrate":{"selected_id":5}})"},
-        {"no bitrate object, none is made", source(0),
-         R"({"ai_chnnum_id":1,"sample_rate":{"selected_id":2}})",
-         R"({"ai_type":{"selected_id":0},"ai_chnsel_id":0})"}};
-    for (const Case& c : cases) {
-        json audio = json::parse(c.state);
-        audio.merge_patch(json::parse(c.change));
-        EXPECT_EQ(written("all", succeedWith("all", json::parse(c.state)), c.operation, "audio"),
+    auto expectAudio = [&](const json& state, const std::function<int(A&)>& operation,
+                           const json& change, const std::string& what) {
+        json audio = state;
+        audio.merge_patch(change);
+        EXPECT_EQ(written("all", succeedWith("all", state), operation, "audio"),
                   json({{"func_module", "audio_api"}, {"group", "audio"}, {"audio", audio}}))
-            << c.what;
+            << what;
+    };
+    // Switching on: the sample rate read, and the one written.
+    const std::pair<int, int> switchRates[] = {{9, 3}, {8, 8}, {-1, 3}};
+    for (const auto& [rate, after] : switchRates)
+        expectAudio({{"switch", 0}, {"sample_rate", {{"selected_id", rate}}}},
+                    call(&A::setAudioEncSwitch, 1),
+                    {{"switch", 1}, {"sample_rate", {{"selected_id", after}}}},
+                    "switch on at rate " + std::to_string(rate));
+
+    // A new source's channels: the source, the real channels, the channel
+    // count and choice read, and the change.
+    const std::tuple<int, int, int, const char*> channels[] = {
+        {2, 4, 3, R"({"ai_chnsel_id":0})"},                   // a wide source keeps four channels
+        {2, 4, 1, "{}"},                                      // and the channel choice
+        {1, 4, 3, R"({"ai_chnnum_id":1,"ai_chnsel_id":0})"},  // a narrow one is stereo
+        {2, 2, 3, R"({"ai_chnnum_id":1,"ai_chnsel_id":0})"}}; // two real channels are narrow
+    for (const auto& [source, real, count, change] : channels) {
+        json patch = json::parse(change);
+        patch["ai_type"]["selected_id"] = source;
+        expectAudio({{"ai_chnnum_real", real}, {"ai_chnnum_id", count}, {"ai_chnsel_id", 2}},
+                    call(&A::setAudioEncSource, source), patch,
+                    "source " + std::to_string(source) + " with " + std::to_string(real));
     }
+
+    // A new source's sample rate (null: none) with codec 1 or 0: the rate
+    // written (null: none), and the bitrate written over 9.
+    const std::tuple<int, json, json, int> rates[] = {
+        {1, 6, 4, 9},       {0, 6, nullptr, 9},       {0, 5, 4, 9},
+        {0, 0, 4, 9},       {0, nullptr, nullptr, 9}, // read as 4
+        {0, 1, nullptr, 4}, {0, 2, nullptr, 5}};
+    for (const auto& [codec, rate, rateWritten, bitrate] : rates) {
+        json state = {{"codec", {{"selected_id", codec}}}, {"ai_chnnum_id", 1}};
+        state["bitrate"]["selected_id"] = 9;
+        if (!rate.is_null())
+            state["sample_rate"]["selected_id"] = rate;
+        json change = {{"ai_type", {{"selected_id", 0}}}, {"ai_chnsel_id", 0}};
+        change["bitrate"]["selected_id"] = bitrate;
+        if (!rateWritten.is_null())
+            change["sample_rate"]["selected_id"] = rateWritten;
+        expectAudio(state, call(&A::setAudioEncSource, 0), change,
+                    "rate " + rate.dump() + " with codec " + std::to_string(codec));
+    }
+    expectAudio({{"ai_chnnum_id", 1}, {"sample_rate", {{"selected_id", 2}}}},
+                call(&A::setAudioEncSource, 0),
+                {{"ai_type", {{"selected_id", 0}}}, {"ai_chnsel_id", 0}},
+                "no bitrate object, none is made");
 }
 
 // Only a voltage the panel knows (1 or 2) is sent back, with the switch.
 TEST_F(ReadModifyWriteTest, DcOutSendsOnlyAKnownVoltage)
 {
     web.reply("set_dcout_status", {{"rsp", "succeed"}});
-    for (const char* state : {R"({"switch":0,"voltage":1})", R"({"switch":0,"voltage":2})",
-                              R"({"switch":0,"voltage":3})", R"({"switch":0})",
-                              R"({"voltage":"2"})", "{}", "[]", "null"}) {
+    for (const char* state :
+         {R"({"switch":0,"voltage":1})", R"({"switch":0,"voltage":2})",
+          R"({"switch":0,"voltage":3})", R"({"switch":0})", R"({"voltage":"2"})", "[]"}) {
         web.replyRaw("get_dcout_status", std::string(R"({"rsp":"succeed","data":)") + state + "}");
         web.clearRequests();
         const json voltage =
@@ -222,10 +195,11 @@ TEST_F(ReadModifyWriteTest, DcOutSendsOnlyAKnownVoltage)
         EXPECT_EQ(app->setDcOutSwitch(1), known ? 0 : -3) << state;
         const std::vector<json> writes = web.requestsOf("set_dcout_status");
         ASSERT_EQ(writes.size(), known ? 1u : 0u) << state;
-        if (known)
+        if (known) {
             EXPECT_EQ(writes[0], json({{"func_module", "system_api"},
                                        {"group", "set_dcout_status"},
                                        {"data", {{"switch", 1}, {"voltage", voltage}}}}));
+        }
     }
 }
 
@@ -239,7 +213,6 @@ TEST_F(ReadModifyWriteTest, PtzSendsTheWholeProtocolEntry)
         {1,
          {{"protocol", 3}, {"usb2serial", 1}, {"protocol_list", list}},
          {{"protocol", list[1]}, {"usb2serial", 1}}},
-        {3, {{"protocol", 1}, {"protocol_list", list}}, {{"protocol", list[3]}}},
         {2, {{"protocol_list", list}}, {{"protocol", json::object()}}},
         {9,
          {{"protocol_list", list}, {"usb2serial", 0}},
@@ -273,16 +246,6 @@ TEST_F(ReadModifyWriteTest, AiSettersCarryTheServiceState)
     worker().setAiTrackingClass(7);
     EXPECT_EQ(sent("/ai/ai_tracking/update_tracking_info").value("class_id", 0), 7);
     EXPECT_EQ(sent("/ai/ai_tracking/update_tracking_info").value("speed_id", 0), 5);
-
-    // A matting update only checks that the service answers.
-    web.reply("/ai/image_matting/get_matting_info",
-              json::parse(R"({"rsp":"success","data":{"im_enable":1}})"));
-    web.reply("/ai/image_matting/update_im_info", json::object());
-    EXPECT_EQ(worker().setGskMaxBgCf(40), 0);
-    EXPECT_EQ(
-        sent("/ai/image_matting/update_im_info"),
-        json::parse(
-            R"({"func_module":"ai_api","path":"/ai/image_matting/update_im_info","max_bg_cf":40})"));
 }
 
 // The panel opens a USB device only when the device's own checks passed.
@@ -300,10 +263,8 @@ TEST_F(ReadModifyWriteTest, UvcOpenChecksTheDeviceFirst)
     const std::tuple<const char*, json, int> cases[] = {
         {"all checks pass", json::array({json{{"id", 1}}, good}), 0},
         {"the first matching id counts", json::array({with(R"({"fps_check":0})"), good}), -2},
-        {"fps check 2", json::array({with(R"({"fps_check":2})")}), -2},
         {"device check missing", json::array({with(R"({"dev_check":null})")}), -2},
         {"no fps den", json::array({with(R"({"fps":{"den":null}})")}), -3},
-        {"resolution not an object", json::array({with(R"({"resolution":1080})")}), -3},
         {"not listed", json::array({json{{"id", 4}}}), -3},
         {"list not an array", good, -3}};
     for (const auto& [what, list, status] : cases) {
@@ -311,12 +272,7 @@ TEST_F(ReadModifyWriteTest, UvcOpenChecksTheDeviceFirst)
         web.clearRequests();
         EXPECT_EQ(app->setDecUvcOpen(5), status) << what;
         const std::vector<json> opens = web.requestsOf("uvc_open");
-        ASSERT_EQ(opens.size(), status == 0 ? 1u : 0u) << what;
-        if (status == 0)
-            EXPECT_EQ(
-                opens[0],
-                json::parse(
-                    R"({"func_module":"mediaplayer_api","group":"uvc","opt":"uvc_open","data":{"id":5}})"));
+        EXPECT_EQ(opens.size(), status == 0 ? 1u : 0u) << what;
     }
 }
 
@@ -327,13 +283,10 @@ TEST_F(ReadModifyWriteTest, SrtServerSwitchSendsBothSwitches)
     web.reply("server_switch", {{"status", "140005"}});
     web.reply("play_switch", {{"status", "140006"}});
     EXPECT_EQ(app->setDecSrtServerSwitch(0), -901);
-    EXPECT_EQ(
-        web.requests(),
-        std::vector<json>(
-            {json::parse(
-                 R"({"func_module":"streamplay_api","group":"set_streamplay_srtserver_info","opt":"server_switch","data":{"server_switch":0}})"),
-             json::parse(
-                 R"({"func_module":"streamplay_api","group":"set_streamplay_srtserver_info","opt":"play_switch","data":{"play_switch":0}})")}));
+    std::vector<std::string> opts;
+    for (const json& request : web.requests())
+        opts.push_back(request.value("opt", ""));
+    EXPECT_EQ(opts, (std::vector<std::string>{"server_switch", "play_switch"}));
     web.reply("server_switch", {{"rsp", "succeed"}});
     EXPECT_EQ(app->setDecSrtServerSwitch(1), -902);
     web.reply("play_switch", {{"rsp", "succeed"}});

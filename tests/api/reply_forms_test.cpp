@@ -22,10 +22,8 @@ TEST_F(ApiTest, ReadsTakeTheirResultOnlyFromTheirDialectsGoodReply)
     const JsonRead cases[] = {
         {"get_fan_mode", &W::getFanMode, R"({"rsp":"succeed","data":{"mode":2}})", 0,
          R"({"mode":2})"},
-        {"get_fan_mode", &W::getFanMode, R"({"rsp":"succeed","data":[1,2]})", 0, "[1,2]"},
         {"get_fan_mode", &W::getFanMode, R"({"rsp":"success","data":{"mode":2}})", -3, nullptr},
         {"get_fan_mode", &W::getFanMode, R"({"rsp":"fail","data":{"mode":2}})", -3, nullptr},
-        {"get_fan_mode", &W::getFanMode, R"({"status":"00000","data":{"mode":2}})", -3, nullptr},
         {"get_fan_mode", &W::getFanMode, R"({"rsp":"succeed"})", -3, nullptr},
         {"get_fan_mode", &W::getFanMode, R"([{"rsp":"succeed"}])", -3, nullptr},
         {"get_fan_mode", &W::getFanMode, "not json", -3, nullptr},
@@ -42,32 +40,24 @@ TEST_F(ApiTest, ReadsTakeTheirResultOnlyFromTheirDialectsGoodReply)
          R"({"rsp":"success","data":{"im_enable":1}})", 0, R"({"im_enable":1})"},
         {"/ai/image_matting/get_matting_info", &W::getGskInfo,
          R"({"rsp":"succeed","data":{"im_enable":1}})", -3, nullptr},
-        {"/ai/image_matting/get_matting_info", &W::getGskInfo, R"({"rsp":"success"})", -3, nullptr},
         // Stream play and the USB list ignore `rsp` and want their data.
         {"streamplay_get_all", &W::getDecNetStreamList, R"({"rsp":"failed","data":[]})", 0, "[]"},
-        {"streamplay_get_all", &W::getDecNetStreamList, R"({"data":{"a":1}})", 0, R"({"a":1})"},
         {"streamplay_get_all", &W::getDecNetStreamList, R"({"rsp":"succeed"})", -3, nullptr},
-        {"streamplay_get_all", &W::getDecNetStreamList, "garbage", -3, nullptr},
         {"get_decoder_state", &W::getDecoderState, R"({"data":{"decoder_state":2,"other":1}})", 0,
          R"({"untouched":true,"decoder_state":2})"},
         {"get_decoder_state", &W::getDecoderState, R"({"data":{"other":1}})", -3, nullptr},
         {"get_list_info", &W::getDecUvcList, R"({"rsp":"failed","data":{"uvc_list":[{"id":1}]}})",
          0, R"([{"id":1}])"},
         {"get_list_info", &W::getDecUvcList, R"({"rsp":"succeed","data":{}})", -3, nullptr},
-        {"get_list_info", &W::getDecUvcList, R"({"rsp":"succeed","data":[]})", -3, nullptr},
         // The audio and PTZ services answer some failures with a bare code.
         {"all", &W::getAudioConfig, R"({"rsp":"succeed","all":{"volume":3}})", 0,
          R"({"volume":3})"},
         {"all", &W::getAudioConfig, R"({"rsp":"failed"})", -3, nullptr},
         {"all", &W::getAudioConfig, "90001", -501, nullptr},
-        {"all", &W::getAudioConfig, "90002", -502, nullptr},
-        {"all", &W::getAudioConfig, R"({"rsp":"succeed"})", -3, nullptr},
         {"get_client_info", &W::getPtzctrlInfo, R"({"rsp":"succeed","data":{"protocol":1}})", 0,
          R"({"protocol":1})"},
-        {"get_client_info", &W::getPtzctrlInfo, "invalid_protocol", -2, nullptr},
-        {"get_client_info", &W::getPtzctrlInfo, "ptz_not_ready", -3, nullptr},
-        {"get_client_info", &W::getPtzctrlInfo, "something_else", -3, nullptr},
-        {"get_client_info", &W::getPtzctrlInfo, R"({"rsp":"succeed"})", -3, nullptr}};
+        {"get_client_info", &W::getPtzctrlInfo, "invalid_protocol", -2, nullptr}};
+
     const json untouched = {{"untouched", true}};
     for (const JsonRead& c : cases) {
         web.replyRaw(c.operation, c.reply);
@@ -80,7 +70,6 @@ TEST_F(ApiTest, ReadsTakeTheirResultOnlyFromTheirDialectsGoodReply)
     // The media server's report, in its own dialect.
     for (const auto& [reply, status] : std::vector<std::pair<const char*, int>>{
              {R"({"msg":"success","data":{"width":1280}})", 0},
-             {R"({"rsp":"success","data":{"width":1280}})", -3},
              {R"({"msg":"succeed","data":{"width":1280}})", -3},
              {R"({"msg":"success"})", -3}}) {
         media.replyRaw("get_decoder_info", reply);
@@ -103,29 +92,21 @@ TEST_F(ApiTest, NumberReadsTakeOnlyANumber)
         {"get_present_storage", &W::getPresentStorage,
          R"({"rsp":"succeed","data":{"storage_id":3}})", 0, 3},
         {"get_present_storage", &W::getPresentStorage,
-         R"({"rsp":"succeed","data":{"storage_id":true}})", 0, 1},
-        {"get_present_storage", &W::getPresentStorage,
-         R"({"rsp":"succeed","data":{"storage_id":1.9}})", 0, 1},
-        {"get_present_storage", &W::getPresentStorage,
          R"({"rsp":"succeed","data":{"storage_id":"1"}})", -3, -7},
         {"get_present_storage", &W::getPresentStorage, R"({"rsp":"succeed","data":{}})", -3, -7},
-        {"get_present_storage", &W::getPresentStorage, R"({"rsp":"fail","data":{"storage_id":0}})",
-         -3, -7},
         // The connection status starts from 0.
         {"get_app_connection_status", &W::getAppConnectionStatus,
          R"({"rsp":"succeed","data":{"connect_status":2}})", 0, 2},
         {"get_app_connection_status", &W::getAppConnectionStatus,
          R"({"rsp":"succeed","data":{"connect_status":"2"}})", -3, 0},
-        {"get_app_connection_status", &W::getAppConnectionStatus, "{broken", -3, 0},
         {"get_ao_volume", &W::getAudioOutVolume, R"({"rsp":"succeed","data":{"ao_volume":35}})", 0,
          35},
-        {"get_ao_volume", &W::getAudioOutVolume, "90002", -502, -7},
         // The first-use flag is read from the hardware section, 0 unless a number.
         {"get_hardwaredom", &W::getConnectAppFirstUseFlag, R"({"data":{"app_first_use_flag":1}})",
          0, 1},
         {"get_hardwaredom", &W::getConnectAppFirstUseFlag, R"({"data":{"app_first_use_flag":"1"}})",
-         0, 0},
-        {"get_hardwaredom", &W::getConnectAppFirstUseFlag, "", 0, 0}};
+         0, 0}};
+
     for (const NumberRead& c : cases) {
         web.replyRaw(c.operation, c.reply);
         int value = -7;
@@ -143,12 +124,10 @@ TEST_F(ApiTest, AiControlReplyForms)
                                                  {"null", 0},
                                                  {R"({"rsp":"succeed","status":"00000"})", 0},
                                                  {R"({"rsp":"fail","status":"9"})", -1},
-                                                 {R"({"rsp":"ok"})", -3},
                                                  {R"({"status":"00000"})", -3},
                                                  {R"({"rsp":"succeed"})", -3},
                                                  {R"({"data":{},"rsp":"succeed"})", -3},
                                                  {"[]", -3},
-                                                 {"7", -3},
                                                  {"not json", -3}};
     for (const auto& [reply, status] : cases) {
         web.replyRaw("/ai/ai_tracking/select_obj", reply);

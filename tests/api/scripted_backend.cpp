@@ -18,13 +18,6 @@ ScriptedBackend::~ScriptedBackend()
     app.reset();
 }
 
-json ScriptedBackend::onlyRequest() const
-{
-    const std::vector<json> requests = web.requests();
-    EXPECT_EQ(requests.size(), 1u);
-    return requests.empty() ? json() : requests.back();
-}
-
 std::vector<int> runSideBySide(const std::vector<std::function<int(ScriptedBackend&)>>& runs)
 {
     std::vector<std::unique_ptr<ScriptedBackend>> backends;

@@ -24,8 +24,6 @@ struct ScriptedBackend {
     ~ScriptedBackend();
 
     ZmqSubWorker& worker() { return *app->subWorker(); }
-    // The only request the web daemon got since the last clear.
-    json onlyRequest() const;
 
     testsupport::TempDir dir;
     BackendEndpoints endpoints;

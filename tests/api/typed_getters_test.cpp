@@ -69,9 +69,8 @@ TEST_F(TypedGetterTest, RecordsTakeThePresentKeysUpToAWrongType)
         {"get_fan_mode", ok(R"({"mode":2})"), &A::getFanMode, 2},
         {"get_fan_mode", ok("{}"), &A::getFanMode, 0},
         {"get_fan_mode", ok(R"({"mode":"2"})"), &A::getFanMode, -3},
-        {"get_lcd_theme", ok(R"({"lcd_theme_id":1})"), &A::getThemeID, 1},
-        {"get_lcd_theme", ok(R"({"other":1})"), &A::getThemeID, 0},
-        {"get_lcd_theme", R"({"rsp":"fail"})", &A::getThemeID, -3}};
+        {"get_lcd_theme", ok(R"({"lcd_theme_id":1})"), &A::getThemeID, 1}};
+
     for (const auto& [operation, reply, get, value] : numbers) {
         web.replyRaw(operation, reply);
         EXPECT_EQ(get(*app), value) << operation << " " << reply;
@@ -84,11 +83,8 @@ TEST_F(TypedGetterTest, AiRecordsReadMissingKeysAsZero)
     const GskInfo old{5, 5};
     expectRead(matting, aiOk(R"({"im_enable":1,"user_bgfile_list":["a.png","b.png"]})"),
                &A::getGskInfo, old, 0, GskInfo{1, 2});
-    expectRead(matting, aiOk(R"({"im_enable":true,"user_bgfile_list":[{"a":1}]})"), &A::getGskInfo,
-               old, 0, GskInfo{1, 1});
     expectRead(matting, aiOk(R"({"im_enable":0.9,"user_bgfile_list":null})"), &A::getGskInfo, old,
                0, GskInfo{0, 0});
-    expectRead(matting, aiOk("{}"), &A::getGskInfo, old, 0, GskInfo{0, 0});
     const char* tracking = "/ai/ai_tracking/get_tracking_info";
     expectRead(tracking, aiOk(R"({"nn_type":3})"), &A::getAiTrackingInfo, AiTrackingInfo{1, 1}, 0,
                AiTrackingInfo{0, 3});
@@ -117,7 +113,6 @@ TEST_F(TypedGetterTest, ListsAreRebuiltOrLeftWhole)
         {"storage_id":3,"storageInfo":"NAS"},{"index":"rec2","storageInfo":{"size":1}}])"),
                &A::getRecordTaskList, old, 0,
                Tasks{{"rec0", 1, 2, "USB"}, {"", 3, 0, ""}, {"rec2", 0, 0, ""}});
-    expectRead("get_task_list", ok("[]"), &A::getRecordTaskList, old, 0, Tasks{});
     expectRead("get_task_list", ok(R"({"index":"rec0"})"), &A::getRecordTaskList, old, -3, Tasks{});
     expectRead("get_task_list", ok(R"([{"index":"a"},{"index":5}])"), &A::getRecordTaskList, old,
                -3, Tasks{{"a", 0, 0, ""}});
@@ -132,8 +127,6 @@ TEST_F(TypedGetterTest, ListsAreRebuiltOrLeftWhole)
                Pulls{});
     expectRead("ndi_get_all", ok(R"([{"index":1,"name":"BOX-CAM","streamplay_status":1}])"),
                &A::getDecNdiList, std::vector<DecNdiInfo>{}, 0, {{1, "BOX-CAM", 1}});
-    expectRead("ndi_get_all", ok(R"([{"index":"1"}])"), &A::getDecNdiList,
-               std::vector<DecNdiInfo>{}, -3, {});
     DecSrtServerInfo nothing; // the switches are read as JSON by the poller
     web.replyRaw("get_srt_server_info", ok(R"({"server_switch":1})"));
     EXPECT_EQ(app->getDecSrtServerInfo(nothing), 0);
@@ -174,11 +167,9 @@ TEST_F(TypedGetterTest, LocalServersReadTheFirstSrtSwitch)
 {
     const std::tuple<std::string, int, int, std::size_t> cases[] = {
         {ok(R"({"srt":[{"switch":true},{"switch":0}]})"), 0, 1, 0},
-        {ok(R"({"srt":[{"switch":1.9}]})"), 0, 1, 0},
         {ok(R"({"srt":[{"switch":0}]})"), 0, 0, 0},
         {ok(R"({"srt":[{"switch":"1"}]})"), -3, 7, 0},
         {ok(R"({"srt":[]})"), 0, 7, 0},
-        {ok("{}"), 0, 7, 0},
         {R"({"rsp":"fail"})", -3, 7, 2}};
     for (const auto& [reply, status, srt_switch, rtsp_left] : cases) {
         web.replyRaw("get_local_server", reply);

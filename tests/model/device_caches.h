@@ -4,13 +4,10 @@
 #include "link/zmq_get_cache.h"
 #include "link/zmq_sub_cache.h"
 
-#include <QString>
 #include <gtest/gtest.h>
 
 #include <functional>
-#include <ostream>
 #include <tuple>
-#include <type_traits>
 #include <vector>
 
 namespace modeltest {
@@ -32,15 +29,29 @@ inline UvcDevInfo usbCamera(bool present, int switch_on)
     return {9, "USB", present, switch_on, 3, 4, 0, 2, 0};
 }
 
+// Every topic's ready flag and every group's valid flag.
+inline void setReported(Caches& c, bool on)
+{
+    ZmqSubCache& s = c.sub;
+    s.network_ready = s.cpu_memory_ready = s.storage_ready = s.video_input_ready = on;
+    s.record_ready = s.net_stream_ready = s.osd_ready = s.system_state_ready = on;
+    ZmqGetCache& g = c.get;
+    g.version_valid = g.dashboard_valid = g.dc_out_valid = g.usb_otg_valid = g.lcd_valid = on;
+    g.ap_valid = g.nas_valid = g.ptz_valid = g.tally_valid = g.video_out_valid = on;
+    g.enc_ndi_valid = g.venc_valid = g.ai_tracking_valid = g.gsk_valid = g.audio_valid = on;
+    g.local_server_valid = g.decoder_valid = g.dec_srt_valid = g.dec_rtmp_valid = on;
+    g.dec_ndi_valid = g.dec_net_stream_valid = g.dec_uvc_valid = on;
+    g.present_storage_valid = g.app_connection_valid = on;
+}
+
 // An encoder recording to the NAS (storage id 3, cache slot 2) and pushing a
 // stream, the TF card in and no USB disk, on Ethernet and Wi-Fi with the
 // access point on, the LCD locked and NDI sending.
 inline Caches reportedCaches()
 {
     Caches c;
+    setReported(c, true);
     ZmqSubCache& s = c.sub;
-    s.network_ready = s.cpu_memory_ready = s.storage_ready = s.video_input_ready = true;
-    s.record_ready = s.net_stream_ready = s.osd_ready = s.system_state_ready = true;
     std::tie(s.ip, s.lan_state, s.lan_dhcp_switch, s.ap_switch, s.wifi_switch, s.wifi_status) =
         std::make_tuple("192.168.1.9", 1, 1, true, true, 4);
     std::tie(s.cpu_temp, s.cpu_payload, s.memory_percent) = std::make_tuple(70, 40, 55);
@@ -64,12 +75,6 @@ inline Caches reportedCaches()
     s.workmode_id = kEncoder;
 
     ZmqGetCache& g = c.get;
-    g.version_valid = g.dashboard_valid = g.dc_out_valid = g.usb_otg_valid = g.lcd_valid = true;
-    g.ap_valid = g.nas_valid = g.ptz_valid = g.tally_valid = g.video_out_valid = true;
-    g.enc_ndi_valid = g.venc_valid = g.ai_tracking_valid = g.gsk_valid = g.audio_valid = true;
-    g.local_server_valid = g.decoder_valid = g.dec_srt_valid = g.dec_rtmp_valid = true;
-    g.dec_ndi_valid = g.dec_net_stream_valid = g.dec_uvc_valid = true;
-    g.present_storage_valid = g.app_connection_valid = true;
     g.version = {"HW1", "FW2", "Box", "SN3"};
     g.dashboard = {"12h", "2025-01-01"};
     std::tie(g.dc_out_switch, g.dc_out_voltage, g.usb_otg_id) = std::make_tuple(1, 2, 2);
@@ -103,35 +108,7 @@ inline Caches reportedCaches()
 inline Caches unreportedCaches()
 {
     Caches c = reportedCaches();
-    for (bool* flag : {&c.sub.network_ready, &c.sub.cpu_memory_ready, &c.sub.storage_ready,
-                       &c.sub.video_input_ready, &c.sub.record_ready, &c.sub.net_stream_ready,
-                       &c.sub.osd_ready, &c.sub.system_state_ready})
-        *flag = false;
-    for (bool* flag : {&c.get.version_valid,
-                       &c.get.dashboard_valid,
-                       &c.get.dc_out_valid,
-                       &c.get.usb_otg_valid,
-                       &c.get.lcd_valid,
-                       &c.get.ap_valid,
-                       &c.get.nas_valid,
-                       &c.get.ptz_valid,
-                       &c.get.tally_valid,
-                       &c.get.video_out_valid,
-                       &c.get.enc_ndi_valid,
-                       &c.get.venc_valid,
-                       &c.get.ai_tracking_valid,
-                       &c.get.gsk_valid,
-                       &c.get.audio_valid,
-                       &c.get.local_server_valid,
-                       &c.get.decoder_valid,
-                       &c.get.dec_srt_valid,
-                       &c.get.dec_rtmp_valid,
-                       &c.get.dec_ndi_valid,
-                       &c.get.dec_net_stream_valid,
-                       &c.get.dec_uvc_valid,
-                       &c.get.present_storage_valid,
-                       &c.get.app_connection_valid})
-        *flag = false;
+    setReported(c, false);
     return c;
 }
 
@@ -158,20 +135,3 @@ void expectRules(Compute compute, const VM& reported, const std::vector<Rule<VM>
 }
 
 } // namespace modeltest
-
-// Failure messages of whole view-model comparisons show the values.
-template <class VM> auto operator<<(std::ostream& os, const VM& vm) -> decltype(vm.fields(), os)
-{
-    auto print = [&os](const auto& value) {
-        using T = std::decay_t<decltype(value)>;
-        if constexpr (std::is_same_v<T, QString>)
-            os << '"' << value.toStdString() << "\" ";
-        else if constexpr (std::is_arithmetic_v<T> || std::is_same_v<T, std::string>)
-            os << value << ' ';
-        else
-            os << "{...} ";
-    };
-    os << "{ ";
-    std::apply([&](const auto&... values) { (print(values), ...); }, vm.fields());
-    return os << '}';
-}

@@ -34,7 +34,6 @@ TEST(ShortcutVm, EncoderPageNamesTheTaskOfTheChosenDisk)
     expectRules<EncoderShortcutPageVM>(
         [](const Caches& c) { return computeEncoderShortcutPageVm(c.sub, c.get); }, v,
         {{"no disk chosen yet", [](Caches& c) { c.get.present_storage_valid = false; }, noDisk},
-         {"the second USB port", [](Caches& c) { c.get.present_storage_id = 2; }, noDisk},
          {"the record topic has not named the task",
           [](Caches& c) { c.sub.record_task_id[2] = ""; }, [](EncoderShortcutPageVM&) {}},
          {"the disk reported absent", [](Caches& c) { c.sub.disk_present[2] = false; },
@@ -90,16 +89,12 @@ TEST(ShortcutVm, DecoderRowsAreOnWhilePlayingAndUsbNeedsAFreePort)
           usbRow(true, false)}});
 }
 
-TEST(ShortcutVm, ConnectPageAndQuickActions)
+TEST(ShortcutVm, ConnectPageShowsTheLinkAndTheAccessPoint)
 {
     const Caches c = reportedCaches();
     const ConnectAppVM connect{
         1, c.sub.wifi_status, c.sub.ip, c.get.ap_ssid, c.get.ap_psk, c.get.app_connection_status};
     EXPECT_EQ(computeConnectAppVm(c.sub, c.get), connect);
-
-    const ShortcutVM shortcuts = computeShortcutVm();
-    EXPECT_EQ(shortcuts.config, nlohmann::json::parse(R"({"list":[{"function":"LockLcd"},
-        {"function":"Standby"},{"function":"Restart"}]})"));
 }
 
 } // namespace

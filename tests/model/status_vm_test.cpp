@@ -1,4 +1,4 @@
-// What the status bar and the three status pages show: the busy device, and
+// What the status bar and the first two status pages show: the busy device, and
 // each rule as a change of it.
 #include "device_caches.h"
 #include "model/vm_builders/status_vm_builders.h"
@@ -55,8 +55,6 @@ TEST(StatusBarVm, ShowsTheChosenRecordDiskOnlyToAnEncoder)
               v.is_recording = v.is_streaming = false;
           }},
          {"no disk chosen yet", [](Caches& c) { c.get.present_storage_valid = false; },
-          showsNoRecordDisk},
-         {"the second USB port, which has no slot", [](Caches& c) { c.get.present_storage_id = 2; },
           showsNoRecordDisk},
          {"no storage report yet", [](Caches& c) { c.sub.storage_ready = false; },
           [](StatusBarVM& v) {
@@ -182,25 +180,6 @@ TEST(StatusPage2Vm, ShowsTheEncoderStreamsOrTheDecoder)
               v.dec_framerate = 0;
               v.dec_name = v.dec_video_format = v.dec_audio_format = QString();
           }}});
-}
-
-TEST(StatusPage3Vm, ShowsTheAudioEncoderAndTheInputRate)
-{
-    const Caches c = reportedCaches();
-    StatusPage3VM v;
-    v.audio_on = true;
-    std::tie(v.ai_type, v.codec, v.bitrate, v.sample_rate, v.volume) =
-        std::tie(c.get.audio.ai_type, c.get.audio.codec, c.get.audio.bitrate,
-                 c.get.audio.sample_rate, c.get.audio.volume);
-    v.input_samplerate = c.sub.audio_samplerate;
-    expectRules<StatusPage3VM>([](const Caches& c) { return computeStatusPage3Vm(c.sub, c.get); },
-                               v,
-                               {{"audio not read yet", [](Caches& c) { c.get.audio_valid = false; },
-                                 [](StatusPage3VM& v) {
-                                     const int input = v.input_samplerate;
-                                     v = StatusPage3VM();
-                                     v.input_samplerate = input;
-                                 }}});
 }
 
 } // namespace
