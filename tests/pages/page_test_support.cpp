@@ -5,7 +5,6 @@
 
 #include <QApplication>
 #include <QFile>
-#include <QMetaMethod>
 #include <QPainter>
 #include <QPixmap>
 #include <QProcess>
@@ -51,24 +50,12 @@ void expectShown(const QWidget* page, const QVector<Shown>& facts)
         const QLabel* label = byClass(page, fact.cls, true).value(fact.index);
         const QString where = QStringLiteral("%1[%2]").arg(fact.cls).arg(fact.index);
         if (!fact.text.isNull()) {
-            EXPECT_EQ(label ? label->text() : kHidden, fact.text) << where.toStdString();
+            EXPECT_EQ(label ? label->text() : kHidden, fact.text) << where;
         }
         if (fact.state) {
-            EXPECT_EQ(label ? stateOf(label) : kHidden, fact.state) << where.toStdString();
+            EXPECT_EQ(label ? stateOf(label) : kHidden, fact.state) << where;
         }
     }
-}
-
-std::unique_ptr<QSignalSpy> spyOn(const QObject* object, const char* name)
-{
-    const QMetaObject* meta = object->metaObject();
-    for (int i = 0; i < meta->methodCount(); ++i) {
-        const QMetaMethod method = meta->method(i);
-        if (method.methodType() == QMetaMethod::Signal && method.name() == name)
-            return std::make_unique<QSignalSpy>(object, ("2" + method.methodSignature()).data());
-    }
-    ADD_FAILURE() << meta->className() << " has no signal " << name;
-    return std::make_unique<QSignalSpy>(object, SIGNAL(destroyed()));
 }
 
 void showAndSettle(QWidget* widget)

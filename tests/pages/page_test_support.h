@@ -35,7 +35,6 @@ enum Language { kChinese = 0, kEnglish = 1, kPortuguese = 2, kFrench = 3, kJapan
 UITextManager* texts(int language = kEnglish);
 // A text manager of its own, for tests that switch its language.
 std::unique_ptr<UITextManager> makeTextManager(int language = kEnglish);
-// The text of `key` in English.
 QString english(const QString& key);
 
 // The children of `root` of type T whose `class` is `className`, ordered left
@@ -52,8 +51,6 @@ QList<T*> byClass(const QWidget* root, const QString& className, bool shownOnly 
     });
     return found;
 }
-
-// The first of byClass, or null.
 template <typename T = QLabel>
 T* firstByClass(const QWidget* root, const QString& className, bool shownOnly = false)
 {
@@ -68,21 +65,15 @@ inline QString stateOf(const QWidget* widget, const char* property = "state")
 {
     return widget->property(property).toString();
 }
-inline QColor textColour(const QWidget* widget)
-{
-    return widget->palette().color(QPalette::WindowText);
-}
 
 // The view model that `Page` renders through its updateFromVm.
 template <class Page, class VM> VM viewModelOf(void (Page::*)(const VM&));
 template <class Page> using VmOf = decltype(viewModelOf(&Page::updateFromVm));
 
-// A `Page` on `manager`'s texts showing a default record changed by `change`.
-template <class Page>
-std::unique_ptr<Page> pageShowing(std::function<void(VmOf<Page>&)> change = {},
-                                  UITextManager* manager = texts())
+// A `Page` on the English texts showing a default record changed by `change`.
+template <class Page> std::unique_ptr<Page> pageShowing(std::function<void(VmOf<Page>&)> change)
 {
-    auto page = std::make_unique<Page>(manager, nullptr);
+    auto page = std::make_unique<Page>(texts(), nullptr);
     VmOf<Page> vm;
     if (change)
         change(vm);
@@ -102,7 +93,8 @@ struct Shown {
 };
 void expectShown(const QWidget* page, const QVector<Shown>& facts);
 
-// A record to render: `base` with `change`, and what the page must show then.
+// A record to render, `what` a base record with `change`, and what the page
+// must show then.
 template <class Page> struct Render {
     const char* what;
     std::function<void(VmOf<Page>&)> change;
@@ -125,15 +117,10 @@ void expectRenders(Page& page, const VmOf<Page>& base, const std::vector<Render<
 
 // Whether `label` shows the pixmap of the file at `path`, as it is.
 bool showsFile(const QLabel* label, const QString& path);
-
-// A spy on the signal of `object` called `name`.
-std::unique_ptr<QSignalSpy> spyOn(const QObject* object, const char* name);
-
 // Shows the widget offscreen and lets pending resizes land.
 void showAndSettle(QWidget* widget);
 // Applies ":/themes/<theme>.qss" to `widget`.
 void applyTheme(QWidget* widget, const QString& theme);
-
 // The widget's own painting over a white ground, as a code on a white card.
 QImage renderOnWhite(QWidget* widget);
 // Decodes the QR code in `image` with zbarimg; empty when none is found.

@@ -1,12 +1,11 @@
 #pragma once
 // Everything the panel can put on its 640 x 172 screen, each in a typical
 // state drawn from realistic view models: the pages under their status bar,
-// nav dots and arrows, and the full-screen surfaces. The text-fit and theme
-// checks walk all of them and their further states; the gallery draws the
-// first state of the scenes marked for it.
+// nav dots and arrows, and the full-screen surfaces. The text-fit walk goes
+// through all of them and their further states; the gallery draws the first
+// state of the scenes marked for it.
 #include "model/view_models/shell_view_models.h"
 #include "model/view_models/status_view_models.h"
-#include "pages/page_ids.h"
 #include "ui/text_manager.h"
 
 #include <QString>
@@ -16,8 +15,6 @@
 
 #include <functional>
 #include <memory>
-#include <utility>
-#include <vector>
 
 namespace pagetest {
 
@@ -59,60 +56,5 @@ std::unique_ptr<QWidget> buildScreen(const PanelScene& scene, UITextManager* tex
 using ScreenVisit = std::function<void(const QWidget* screen, QWidget* page, const QString& where,
                                        const SceneState* state)>;
 void forEachScreen(UITextManager* texts, const QString& theme, const ScreenVisit& visit);
-
-namespace scenes {
-
-// A builder that creates `Page` and hands it to `setup`.
-template <class Page> auto page(std::function<void(Page&)> setup = {})
-{
-    return [setup](UITextManager* texts, QWidget* parent) -> QWidget* {
-        auto* created = new Page(texts, parent);
-        // The theme's fonts must be in place before the page measures texts.
-        created->ensurePolished();
-        if (setup)
-            setup(*created);
-        return created;
-    };
-}
-
-template <class Page> SceneState state(const QString& name, std::function<void(Page&)> apply)
-{
-    return {name, [apply](QWidget* widget, UITextManager*) { apply(*static_cast<Page*>(widget)); }};
-}
-
-template <class VM> using Variants = std::vector<std::pair<QString, std::function<void(VM&)>>>;
-
-// `scene` whose `Page` first shows `base`, then, as further states, each
-// variant: `base` with the variant's change.
-template <class Page, class VM>
-PanelScene showing(PanelScene scene, const VM& base, const Variants<VM>& variants = {})
-{
-    scene.build = page<Page>([base](Page& p) { p.updateFromVm(base); });
-    for (const auto& [name, change] : variants) {
-        VM changed = base;
-        change(changed);
-        scene.states << state<Page>(name, [changed](Page& p) { p.updateFromVm(changed); });
-    }
-    return scene;
-}
-
-// The status bar of the status pages: links, a disk and both activities.
-StatusBarVM homeBar(int workMode = 0);
-// The status bar of any other page: the breadcrumb only.
-StatusBarVM contextBar(int pageId, int workMode = 0);
-// Page dots of a group of `count` pages with the page at `index` shown.
-NavDotsState dotsAt(int pageId, int index, int count);
-// Breadcrumb keys of a settings group, as the menu path reads.
-QStringList menuPath(const char* groupKey);
-// A settings page: breadcrumb, group dots and the arrows.
-PanelScene settingsScene(const QString& name, int pageId, const char* groupKey, int index,
-                         int count);
-
-QVector<PanelScene> homeScenes();
-QVector<PanelScene> menuAndSettingsScenes();
-QVector<PanelScene> modalScenes();
-QVector<PanelScene> surfaceScenes();
-
-} // namespace scenes
 
 } // namespace pagetest

@@ -1,13 +1,19 @@
 // The three status pages: system, video (encoder streams or the decoder) and
-// audio, each rendering its view model.
+// audio, each rendering its view model; and the status bar above every page:
+// mode or breadcrumb, the icons packed from the right edge, and the record
+// page's running time and free space.
 #include "page_test_support.h"
 
 #include "model/view_models/status_view_models.h"
+#include "pages/page_ids.h"
+#include "pages/status_bar_widget.h"
 #include "pages/status_page1_widget.h"
 #include "pages/status_page2_format.h"
 #include "pages/status_page2_widget.h"
 #include "pages/status_page3_widget.h"
 
+#include <QFile>
+#include <QFontMetrics>
 #include <QProgressBar>
 #include <QTimer>
 
@@ -32,10 +38,7 @@ TEST(SystemStatusPage, ShowsLoadTemperatureAndTheLink)
          {"DHCP on Ethernet",
           {},
           {{"v2-p1-temp-value", "70°C", "normal"},
-           {"v2-p1-temp-f", "158°F"},
-           {"v2-p1-percent", "87%"},
            {"v2-p1-percent", "41%", nullptr, 1},
-           {"v2-p1-ip-value", "192.168.1.20"},
            {"v2-p1-badge-dhcp", english("statusp1.badge.dhcp")},
            {"v2-p1-bandwidth-value", "12.25"},
            {"v2-p1-bandwidth-value", "1.50", nullptr, 1},
@@ -60,23 +63,36 @@ TEST(SystemStatusPage, ShowsLoadTemperatureAndTheLink)
           [](auto& vm) { vm.eth_link = false, vm.ap_on = true; },
           {{"v2-p1-bandwidth-value", "SSID:---"}}},
          {"offline", [](auto& vm) { vm.eth_link = false; }, {{"v2-p1-badge-static", "OFFLINE"}}}});
-    EXPECT_EQ(firstByClass<QProgressBar>(&page, "v2-p1-cpu-bar")->value(), 87);
     EXPECT_EQ(firstByClass<QProgressBar>(&page, "v2-p1-mem-bar")->value(), 41);
+}
+
+// The timed switch turns through the status pages of the work mode, which
+// has no third one when decoding (-1: it stays); a long press on any of them
+// opens the quick actions.
+TEST(StatusPages, TimedSwitchTurnsThroughThePagesOfTheWorkMode)
+{
+    StatusPage1Widget first(texts(), nullptr);
+    StatusPage2Widget second(texts(), nullptr);
+    StatusPage3Widget third(texts(), nullptr);
+    const std::tuple<IGestureHandler*, int, int> cases[] = {
+        {&first, 0, PAGE_STATUS_2}, {&second, 0, PAGE_STATUS_3}, {&third, 0, PAGE_STATUS_1},
+        {&first, 1, PAGE_STATUS_2}, {&second, 1, PAGE_STATUS_1}, {&third, 1, -1}};
+    for (const auto& [page, workMode, next] : cases) {
+        EXPECT_EQ(page->dispatchGesture(GestureKind::AutoSwitch, workMode), std::optional(next));
+        EXPECT_EQ(page->dispatchGesture(GestureKind::LongPress, workMode),
+                  std::optional<int>(PAGE_SHORTCUT));
+    }
 }
 
 TEST(VideoStatusPage, InputSignalReadsAsItsFormat)
 {
     const std::tuple<int, int, int, int, QString> cases[] = {
         {1920, 1080, 60, 0, "1080p60"},
-        {1920, 1080, 60, 1, "1080p59.94"},
         {1920, 540, 50, 0, "1080i50"},
         {3840, 2160, 24, 1, "2160p23.976"},
-        {1280, 720, 120, 1, "720p119.88"},
-        {1280, 720, 50, 1, "720p50"},
+        {1280, 720, 50, 1, "720p50"}, // no fractional rate of 50
         {1920, 1080, 59, 0, english("statusp2.not_supported")},
-        {1920, 540, 30, 0, english("statusp2.not_supported")},
-        {0, 1080, 60, 0, english("statusp2.no_signal")},
-        {1920, 1080, 0, 0, english("statusp2.no_signal")}};
+        {0, 1080, 60, 0, english("statusp2.no_signal")}};
     StatusPage2Widget page(texts(), nullptr);
     for (const auto& [width, height, fps, fpsdiv, shown] : cases) {
         StatusPage2VM vm;
@@ -120,7 +136,6 @@ TEST(VideoStatusPage, EncoderShowsLoopSoundAndBothStreamsInTurn)
           [](auto& vm) { vm.ndi_on = true, vm.main_bitrate = 80; },
           {{"v2-p2-bitrate-value", "80 %"}}}});
 
-    EXPECT_EQ(page.streamSwitchTimer()->interval(), 3000);
     EXPECT_TRUE(page.streamSwitchTimer()->isActive());
     QMetaObject::invokeMethod(page.streamSwitchTimer(), "timeout");
     page.updateFromVm(base); // the phase survives an update
@@ -167,8 +182,7 @@ TEST(VideoStatusPage, DecoderShowsVolumeStatusAndTheStreamSummary)
           {"v2-p2-stream-name", kHidden},
           {"v2-p2-status-label", kHidden, nullptr, 2}}}};
     const std::pair<int, const char*> looks[] = {
-        {1, "active-green"},  {5, "active-green"}, {10, "active-green"}, {2, "active-yellow"},
-        {6, "active-yellow"}, {11, "active-red"},  {12, "active-red"},   {7, "normal"}};
+        {1, "active-green"}, {2, "active-yellow"}, {11, "active-red"}, {7, "normal"}};
     for (const auto& [status, look] : looks)
         cases.push_back({look,
                          [status = status](auto& vm) { vm.dec_status = status; },
@@ -226,14 +240,13 @@ TEST(AudioStatusPage, ShowsSourceCodecRatesAndTheVolumeInDecibels)
           {"v2-p3-samplerate-value", "48kHz"},
           {"v2-p3-bitrate-value", "128 kbps"}}}};
     // Decibels kinked at the middle: 50 steps down to -50, 50 up to +10.
-    const std::pair<int, const char*> levels[] = {{0, "-50dB"}, {49, "-1dB"}, {50, "0dB"},
-                                                  {54, "0dB"},  {55, "+1dB"}, {100, "+10dB"}};
+    const std::pair<int, const char*> levels[] = {
+        {0, "-50dB"}, {49, "-1dB"}, {54, "0dB"}, {55, "+1dB"}, {100, "+10dB"}};
     for (const auto& [volume, db] : levels)
         cases.push_back({db,
                          [volume = volume](auto& vm) { vm.volume = volume; },
                          {{"v2-p3-volume-value", db}}});
     expectRenders(page, base, cases);
-    EXPECT_EQ(firstByClass<QProgressBar>(&page, "v2-p3-volume-bar")->value(), 100);
 
     auto volumeIcon = [&](bool on, int volume) {
         page.updateFromVm(StatusPage3VM{on, volume});
@@ -242,7 +255,162 @@ TEST(AudioStatusPage, ShowsSourceCodecRatesAndTheVolumeInDecibels)
     EXPECT_EQ(volumeIcon(true, 70), ":/icons/statusp2/sound.svg");
     EXPECT_EQ(volumeIcon(false, 70), ":/icons/statusp2/mute.svg");
     EXPECT_EQ(volumeIcon(true, 0), ":/icons/statusp2/mute.svg");
-    EXPECT_EQ(stateOf(firstByClass<QProgressBar>(&page, "v2-p3-volume-bar")), "enabled");
+}
+
+class StatusBar : public ::testing::Test {
+protected:
+    QLabel* child(const QString& name) const { return bar.findChild<QLabel*>(name); }
+    bool shown(const QString& name) const { return !child(name)->isHidden(); }
+    bool showsIcon(const QString& name, const QString& file) const
+    {
+        return showsFile(child(name), QStringLiteral(":/icons/statusbar/%1.svg").arg(file));
+    }
+    // A status page in encode mode with nothing running and no disk.
+    static StatusBarVM idle()
+    {
+        StatusBarVM vm;
+        vm.pageid = PAGE_STATUS_1, vm.is_status_page = true;
+        return vm;
+    }
+    QString contextFor(const QString& breadcrumb)
+    {
+        StatusBarVM vm;
+        vm.pageid = PAGE_SYSTEM_SETTINGS_1, vm.context_text = breadcrumb;
+        bar.updateFromVm(vm);
+        EXPECT_FALSE(shown("mode"));
+        QLabel* context = child("context");
+        EXPECT_LE(QFontMetrics(context->font()).horizontalAdvance(context->text()),
+                  context->width());
+        return context->text();
+    }
+    StatusBarWidget bar{texts(), nullptr};
+};
+
+TEST_F(StatusBar, StatusPagesShowTheWorkModeOtherPagesTheirBreadcrumb)
+{
+    StatusBarVM vm = idle();
+    for (const char* mode : {"encode", "decode"}) {
+        bar.updateFromVm(vm);
+        EXPECT_TRUE(shown("mode") && shown("mode_dot") && !shown("context"));
+        EXPECT_EQ(child("mode")->text(), english(QStringLiteral("statusbar.workmode.") + mode));
+        vm.work_mode = 1;
+    }
+    EXPECT_EQ(contextFor("SYSTEM > 1/4"), "SYSTEM > 1/4");
+    // Too wide, it drops its leading steps, keeping the page's own title; a
+    // single step too long is cut at its start.
+    const QString wide(40, QLatin1Char('W'));
+    EXPECT_EQ(contextFor("Menu \u00bb " + wide + " \u00bb Brightness of the picture"),
+              "Brightness of the picture");
+    EXPECT_EQ(contextFor(wide + " \u00bb Camera \u00bb Brightness"), "Camera \u00bb Brightness");
+    const QString cut = contextFor(wide + wide + "end");
+    EXPECT_TRUE(cut.startsWith(QChar(0x2026)) && cut.endsWith("end")) << cut;
+}
+
+TEST_F(StatusBar, LinkAndDiskIconsShowTheirState)
+{
+    StatusBarVM vm = idle();
+    bar.updateFromVm(vm);
+    EXPECT_TRUE(showsIcon("wifi_icon", "wifi_off") && showsIcon("eth_icon", "eth_inactive"));
+    vm.wifi_on = true;
+    bar.updateFromVm(vm);
+    EXPECT_TRUE(showsIcon("wifi_icon", "wifi_inactive") && showsIcon("ap_icon", "ap_inactive"));
+    vm.wifi_connected = vm.eth_link = vm.ap_on = true;
+    bar.updateFromVm(vm);
+    EXPECT_TRUE(showsIcon("wifi_icon", "wifi_active") && showsIcon("eth_icon", "eth_active")
+                && showsIcon("ap_icon", "ap_active"));
+
+    const std::tuple<int, int, const char*> disks[] = {
+        {0, 1, "sdcard_0"},    {1, 2, "udisk_30"},      {3, 3, "nas_60"},
+        {0, 4, "sdcard_full"}, {1, 0, "udisk_unmount"}, {3, 9, "nas_unmount"}};
+    for (const auto& [disk, level, file] : disks)
+        EXPECT_EQ(bar.getStorageIconPath(disk, level),
+                  QStringLiteral(":/icons/statusbar/%1.svg").arg(file));
+    EXPECT_TRUE(bar.getStorageIconPath(2, 1).isEmpty() && bar.getStorageIconPath(-1, 1).isEmpty());
+    for (int disk : {0, 1, 3})
+        for (int level = 0; level <= 5; ++level)
+            EXPECT_TRUE(QFile::exists(bar.getStorageIconPath(disk, level))) << disk << "/" << level;
+}
+
+// Which icons a status page shows, packed from the right edge in the order
+// given, each left of the one before; all others hidden.
+TEST_F(StatusBar, IconsPackFromTheRightWithDividersBetweenGroups)
+{
+    const QStringList all = QString("ap_icon wifi_icon eth_icon divider_1 nas_icon udisk_icon "
+                                    "sdcard_icon divider_2 live_icon rec_icon dec_icon lock_icon")
+                                .split(' ');
+    const QString links = "ap_icon wifi_icon eth_icon";
+    struct Case {
+        const char* what;
+        std::function<void(StatusBarVM&)> set;
+        QString packed;
+        const char* activity; // the drawing of the leftmost icon
+    };
+    const Case cases[] = {
+        {"idle", {}, links, nullptr},
+        {"disk only", [](auto& vm) { vm.disk_type = 3; }, links + " divider_1 nas_icon", nullptr},
+        {"recording and streaming on the USB disk",
+         [](auto& vm) { vm.disk_type = 1, vm.is_recording = vm.is_streaming = true; },
+         links + " divider_1 udisk_icon divider_2 live_icon rec_icon", "rec"},
+        {"recording without disk", [](auto& vm) { vm.is_recording = true; },
+         links + " divider_1 rec_icon", "rec"},
+        {"paused recording", [](auto& vm) { vm.record_status = 2; }, links + " divider_1 rec_icon",
+         "rec_pause"},
+        {"decoding shows no disk nor encoder activity",
+         [](auto& vm) {
+             vm.work_mode = 1, vm.disk_type = 0;
+             vm.is_recording = vm.is_streaming = vm.is_decoding = true;
+         },
+         links + " divider_1 dec_icon", "dec"},
+        {"decoder idle", [](auto& vm) { vm.work_mode = 1, vm.disk_type = 0; }, links, nullptr},
+        {"locked", [](auto& vm) { vm.lcd_locked = true; }, links + " lock_icon", nullptr},
+        {"not a status page",
+         [](auto& vm) {
+             vm.pageid = PAGE_MAIN_MENU_1, vm.is_status_page = false;
+             vm.lcd_locked = vm.eth_link = vm.is_recording = true;
+         },
+         "", nullptr},
+    };
+    for (const Case& c : cases) {
+        SCOPED_TRACE(c.what);
+        StatusBarVM vm = idle();
+        if (c.set)
+            c.set(vm);
+        bar.updateFromVm(vm);
+        const QStringList packed = c.packed.split(' ', Qt::SkipEmptyParts);
+        for (const QString& name : all)
+            EXPECT_EQ(shown(name), packed.contains(name)) << name;
+        for (int i = 1; i < packed.size() && packed[i] != "lock_icon"; ++i)
+            EXPECT_LT(child(packed[i])->x(), child(packed[i - 1])->x()) << packed[i];
+        EXPECT_TRUE(!c.activity || showsIcon(packed.last(), c.activity));
+    }
+}
+
+TEST_F(StatusBar, RecordPageShowsRunningTimeAndFreeSpaceOfTheEncoder)
+{
+    const QString gigabytes = StatusBarWidget::diskCapacityText(2048);
+    const std::tuple<bool, int, int, int, int, QString, QString> cases[] = {
+        // record page, work mode, record status, seconds, disk; time and space, empty if hidden
+        {true, 0, 1, 3661, 0, "01 : 01 : 01", gigabytes},
+        {true, 0, 1, 360000, 0, "100 : 00 : 00", gigabytes},
+        {true, 0, 2, 59, 0, "00 : 00 : 59", gigabytes}, // a paused task keeps its time
+        {true, 0, 0, 59, 0, "", gigabytes},
+        {true, 0, 1, 59, -1, "00 : 00 : 59", ""},
+        {true, 1, 1, 59, 0, "00 : 00 : 59", ""}, // the decoder records nothing
+        {false, 0, 1, 59, 0, "", ""}};
+    for (const auto& [recordPage, workMode, status, seconds, disk, time, space] : cases) {
+        StatusBarVM vm;
+        vm.pageid = PAGE_ENCODER_SHORTCUT_1, vm.show_record_status = recordPage;
+        vm.work_mode = workMode, vm.record_status = status, vm.record_duration = seconds;
+        vm.disk_type = disk, vm.free_space = 2048;
+        bar.updateFromVm(vm);
+        EXPECT_EQ(shown("rec_time") ? child("rec_time")->text() : "", time);
+        EXPECT_EQ(shown("free_space") ? child("free_space")->text() : "", space);
+    }
+    const std::pair<qint64, const char*> sizes[] = {{0, "--"},          {999, "999 MB"},
+                                                    {1000, "1.0 GB"},   {102399, "100.0 GB"},
+                                                    {102400, "100 GB"}, {1023000, "1.0 TB"}};
+    for (const auto& [megabytes, text] : sizes)
+        EXPECT_EQ(StatusBarWidget::diskCapacityText(megabytes), text) << megabytes;
 }
 
 } // namespace
